@@ -1,0 +1,19 @@
+# libquillon.so.0. Each folder adds its own sources.
+add_library(quillon SHARED)
+
+target_include_directories(quillon
+  PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+  PRIVATE ${PROJECT_SOURCE_DIR})
+
+# No C++ run-time library: nothing in the code needs one, and the C linker driver adds none.
+target_compile_options(quillon PRIVATE
+  -fno-exceptions -fno-rtti -fno-threadsafe-statics -fstack-usage -U_FORTIFY_SOURCE)
+set_target_properties(quillon PROPERTIES
+  LINKER_LANGUAGE C
+  SOVERSION 0
+  VERSION 0.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_PATCH})
+
+# The platform functions bind when they are first called: a process that uses one family need not bring those of another.
+target_link_options(quillon
+  PRIVATE -Wl,-z,lazy -Wl,--as-needed
+  INTERFACE -Wl,--allow-shlib-undefined)

@@ -1,0 +1,19 @@
+// The counters' family facts.
+#pragma once
+
+#include <stdint.h>
+
+#include "ipc/command.h"
+
+namespace quillon::nmtrdrv {
+
+struct Family : ipc::Family<126, 24> {
+    static constexpr bool send_line = true;
+};
+
+struct MainQueue : ipc::Queue<24> {};
+
+template <uint32_t Code, class Request = ipc::Empty, class Reply = ipc::Empty, class Result = uint8_t>
+using Command = ipc::Command<Family, MainQueue, Code, Request, Reply, Result>;
+
+}  // namespace quillon::nmtrdrv
