@@ -1,9 +1,9 @@
 /*
  * Client of the rule manager: access-control rules.
  *
- * What a rule matches is described by a RulePattern in the caller's memory. The DEVRM_LIB_ functions build it: they
- * send nothing, work on the caller's record alone, and may be called from any thread; two threads must not build the
- * same record at once.
+ * What a rule matches is described by a RulePattern in the caller's memory. The DEVRM_LIB_ functions build and print
+ * it: they send nothing, work on the caller's record alone, and may be called from any thread; two threads must not
+ * build the same record at once.
  */
 #ifndef QUILLON_DEVRM_H
 #define QUILLON_DEVRM_H
@@ -305,6 +305,33 @@ uint32_t DEVRM_LIB_RulePatternQualifyIpFragment(RulePattern *pattern, uint8_t fr
  * the user-defined bytes.
  */
 uint32_t DEVRM_LIB_RulePatternQualifyUdb0_5(RulePattern *pattern, uint32_t index, uint8_t value, uint8_t mask);
+
+/* ---- Printing a rule pattern ---- */
+
+/* A function that prints as printf does. What it returns is not looked at. */
+typedef int (*RulePatternPrintFunc)(const char *format, ...) __attribute__((format(printf, 1, 2)));
+
+/*
+ * Prints `pattern`, one line for the value and one for the mask of each field whose flag is set in `qualifyFlags`, in
+ * a block of its own, each line ending in CR LF. With `indent` 2:
+ *
+ *   +-o pattern
+ *       {
+ *         patt.ethType = 0x0800
+ *         mask.ethType = 0xFFFF
+ *         patt.sip = 0x0A000001(10.0.0.1)
+ *         mask.sip = 0xFFFFFF00(255.255.255.0)
+ *       }
+ *
+ * `pattern` may be null; "nil" then stands in place of the fields. `indent` is the number of spaces before the first
+ * line; the others stand 4 and 6 further in. It must leave room for that in an int, the width that printf takes.
+ *
+ * Every line is one call of `print`, which may be printf itself.
+ *
+ * The user-defined bytes are printed by RULE_QUALIFY_UDB0_5, not by `udbFlags`, and of the IPv6 destination address
+ * only the first byte, as "ipv6.dipUpper".
+ */
+void DEVRM_LIB_RulePatternDump(const RulePattern *pattern, RulePatternPrintFunc print, uint32_t indent);
 
 #pragma GCC visibility pop
 
