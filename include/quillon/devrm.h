@@ -1,9 +1,24 @@
 /*
- * Client of the rule manager: access-control rules.
+ * Client of the rule manager: access-control rules, their meters and counters, and the policy control lists (PCL) that
+ * bind them to ports.
  *
  * What a rule matches is described by a RulePattern in the caller's memory. The DEVRM_LIB_ functions build and print
  * it: they send nothing, work on the caller's record alone, and may be called from any thread; two threads must not
  * build the same record at once.
+ *
+ * The DEVRM_PMGR_ functions ask the driver process, wait for its answer without a time-out and return its verdict.
+ * Unless a function says otherwise:
+ *
+ * - It returns 1 when the driver process did what was asked and 0 when it refused.
+ * - Outputs are written only when the result is not 0. They are not tested for null.
+ * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard output,
+ * runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0. In this family the
+ * report leaves the function's name out: its first line begins with "() line ".
+ * - Arguments are not tested here: the driver process refuses what it does not know.
+ * - Any thread may call it once DEVRM_PMGR_InitiateProcessResource has run.
+ *
+ * Arguments named by their position alone (a1, a2, ...) are devices, rules, groups, PCLs and ports as the driver
+ * process numbers them. They are passed to it as they are.
  */
 #ifndef QUILLON_DEVRM_H
 #define QUILLON_DEVRM_H
@@ -173,6 +188,20 @@ enum {
     RULE_UDB_UDB0_5 = 0x1 /* udb0_5 takes part */
 };
 
+/* What is done with the packets that a rule matches. The library copies it as it is; the driver process reads it. */
+typedef struct RuleActionBlock {
+    uint8_t bytes[336];
+} RuleActionBlock;
+
+QUILLON_RECORD_SIZE(RuleActionBlock, 336);
+
+/* The parameters of a meter. The library copies them as they are; the driver process reads them. */
+typedef struct RuleMeter {
+    uint8_t bytes[24];
+} RuleMeter;
+
+QUILLON_RECORD_SIZE(RuleMeter, 24);
+
 #pragma GCC visibility push(default)
 
 /*
@@ -332,6 +361,78 @@ typedef int (*RulePatternPrintFunc)(const char *format, ...) __attribute__((form
  * only the first byte, as "ipv6.dipUpper".
  */
 void DEVRM_LIB_RulePatternDump(const RulePattern *pattern, RulePatternPrintFunc print, uint32_t indent);
+
+/* ---- Rules ---- */
+
+/* Initialises the fields that rules match on. Returns nothing: the driver process's result is not looked at. */
+void DEVRM_PMGR_FieldInit(void);
+
+/* Allocates a rule. */
+uint8_t DEVRM_PMGR_AllocateRule(uint32_t a1, uint32_t a2, uint32_t a3, uint32_t a4, uint32_t a5);
+
+/*
+ * Sets what a rule matches and what is done with the packets that it matches.
+ *
+ * `pattern` is sent as it stands, 192 bytes. It may be null: the driver process then gets 192 zero bytes, a pattern in
+ * which no field takes part. `action` is sent as it stands, 336 bytes, and must not be null.
+ */
+uint8_t DEVRM_PMGR_SetRule(uint32_t a1, uint32_t a2, uint32_t a3, const RulePattern *pattern,
+                           const RuleActionBlock *action);
+
+/* Destroys a rule. */
+uint8_t DEVRM_PMGR_DestroyRule(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* ---- Meters and actions ---- */
+
+/* Sets the parameters of a meter. `meter` is sent as it stands, 24 bytes, and must not be null. */
+uint8_t DEVRM_PMGR_UpdateMeter(uint32_t a1, uint32_t a2, uint32_t a3, const RuleMeter *meter);
+
+/* Lets rules share a meter. */
+uint8_t DEVRM_PMGR_ShareMeter(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* Destroys the action of a rule. */
+uint8_t DEVRM_PMGR_DestroyAction(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* ---- The device ---- */
+
+/* Returns the number of chips. A failed exchange gives 0 as well; only its report tells. */
+uint32_t DEVRM_PMGR_GetNumberOfChips(void);
+
+/* Stores the driver process's description of the device, one word, in `*info`. */
+uint8_t DEVRM_PMGR_GetDeviceInfo(uint32_t *info);
+
+/* Asks whether the device is the system on a chip that `a1` stands for: returns 1 when it is and 0 when not. */
+uint8_t DEVRM_PMGR_CheckSoc(uint32_t a1);
+
+/* ---- Policy control lists ---- */
+
+/* Creates a PCL. */
+uint8_t DEVRM_PMGR_CreatePcl(uint32_t a1, uint32_t a2, uint8_t a3, uint32_t a4, uint32_t a5);
+
+/* Binds a PCL to a port. */
+uint8_t DEVRM_PMGR_BindPclToPort(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* Takes back DEVRM_PMGR_BindPclToPort. */
+uint8_t DEVRM_PMGR_UnbindPclToPort(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* Binds a PCL to a trunk port. */
+uint8_t DEVRM_PMGR_BindPclToTrunkPort(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* Takes back DEVRM_PMGR_BindPclToTrunkPort. */
+uint8_t DEVRM_PMGR_UnbindPclToTrunkPort(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/* ---- Counters ---- */
+
+/* Reads a rule's counter: stores its three words in `*a4`, `*a5` and `*a6`. */
+uint8_t DEVRM_PMGR_GetCounter(uint32_t a1, uint32_t a2, uint32_t a3, uint32_t *a4, uint32_t *a5, uint32_t *a6);
+
+/* Clears a rule's counter. */
+uint8_t DEVRM_PMGR_ClearCounter(uint32_t a1, uint32_t a2, uint32_t a3);
+
+/*
+ * Returns the driver process's EXCLUDEVLAN number. A failed exchange gives 0 as well; only its report tells.
+ */
+uint32_t DEVRM_PMGR_GetNumberOfEXCLUDEVLAN(void);
 
 #pragma GCC visibility pop
 

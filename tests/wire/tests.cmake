@@ -12,6 +12,7 @@ quillon_recorded_test(wire_test
   wire/exchange_test.cpp
   wire/failed_exchange_test.cpp
   wire/row_exchange.cpp
+  wire/devrm_rules.cpp
   wire/swdrv_mapping.cpp
   ${declared_functions}
 )
