@@ -33,6 +33,14 @@ struct PortFlag {
     Padded<uint8_t> value;
 };
 
+struct PortWord {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value;
+};
+
+// ---- Unit, device and port mapping ----
+
 // A port as the chips number it.
 struct PhysicalPort {
     uint32_t module_id;
@@ -62,7 +70,6 @@ struct ForcedLed {
 };
 static_assert(offsetof(ForcedLed, pattern_len) == 40);
 
-// Unit, device and port mapping.
 using ResetOnDemand = Command<2, Flag>;
 using GetLocalUnitChipsetNumber = Command<4>;
 using Logical2PhyDevicePortID = Command<5, Port, PhysicalPort>;
@@ -73,5 +80,29 @@ using GetModuleIdFromLocalDeviceId = Command<9, UnitDevice, Word>;
 using PortSerdesAutoTuneDfeClear = Command<296, Port>;
 using SetPortForceLinkDownStatus = Command<295, PortFlag>;
 using SetPortForceLEDStatus = Command<297, ForcedLed>;
+
+// ---- Port configuration and negotiation ----
+
+using EnablePortAdmin = Command<12, Port>;
+using DisablePortAdmin = Command<13, Port>;
+using DisableAllPortAdmin = Command<14>;
+using SetPortCfgSpeedDuplex = Command<15, PortWord>;
+using EnablePortAutoNeg = Command<16, Port>;
+using DisablePortAutoNeg = Command<17, Port>;
+using EnablePortCfgFlowCtrl = Command<18, Port>;
+using DisablePortCfgFlowCtrl = Command<19, Port>;
+using SetPortCfgFlowCtrl = Command<20, PortWord>;
+using SetPortAutoNegCapability = Command<21, PortWord>;
+using SetMiniGbicPortLEDStatus = Command<22, PortFlag>;
+using GetPortType = Command<23, Port, Word>;
+using SetPortRestartAutoNego = Command<24, Port>;
+using SetPortAutoNegoRemoteFaultAdvertisement = Command<25, PortWord>;
+using GetPortAutoNegoRemoteFaultAdvertisement = Command<26, Port, Word>;
+using GetPortLinkPartnerAutoNegoSignalingState = Command<27, Port, Word>;
+using GetPortAutoNegoProcessState = Command<28, Port, Word>;
+using GetPortLinkPartnerAutoNegoCapa = Command<29, Port, Word>;
+using GetPortLinkPartnerAutoNegoRemoteFault = Command<30, Port, Word>;
+using GetPortJabberState = Command<31, Port, Word>;
+using GetPortFalseCarrierSenseCounter = Command<32, Port, Word>;
 
 }  // namespace quillon::swdrv

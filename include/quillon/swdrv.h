@@ -7,12 +7,14 @@
  * - It returns 1 when the driver process did what was asked and 0 when it refused.
  * - Outputs are written whenever the exchange with the driver process succeeded, also when it refused. They are not
  *   tested for null.
- * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard output,
- * runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0.
+ * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard
+ *   output, runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0.
  * - Arguments are not tested here: the driver process refuses units, ports and values that it does not know.
  * - Any thread may call it once DEV_SWDRV_PMGR_InitiateProcessResource has run.
  *
- * `unit` is the number of a unit in the stack, `port` the number of a port on that unit.
+ * `unit` is the number of a unit in the stack, `port` the number of a port on that unit. Arguments of which nothing
+ * more is said than a name such as `value1`, `mode`, `flag` or `selector` are passed to the driver process as they are,
+ * in the order of the function's arguments: what they mean is the driver process's.
  */
 #ifndef QUILLON_SWDRV_H
 #define QUILLON_SWDRV_H
@@ -98,6 +100,115 @@ uint8_t DEV_SWDRV_PMGR_SetPortForceLinkDownStatus(uint32_t unit, uint32_t port, 
  */
 uint8_t DEV_SWDRV_PMGR_SetPortForceLEDStatus(uint32_t unit, uint32_t port, const uint8_t *pattern, uint32_t pattern_len,
                                              uint32_t led_mode);
+
+/* ---- Port configuration and negotiation ---- */
+
+/*
+ * Lets the port carry traffic: its administrative state becomes up.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortAdmin(uint32_t unit, uint32_t port);
+
+/*
+ * Shuts the port down: its administrative state becomes down.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortAdmin(uint32_t unit, uint32_t port);
+
+/*
+ * Shuts all ports down.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableAllPortAdmin(void);
+
+/*
+ * Sets the port's configured speed and duplex to `speed_duplex`, in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortCfgSpeedDuplex(uint32_t unit, uint32_t port, uint32_t speed_duplex);
+
+/*
+ * Lets the port negotiate speed, duplex and flow control with its partner.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortAutoNeg(uint32_t unit, uint32_t port);
+
+/*
+ * Stops the port from negotiating: it runs as configured.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortAutoNeg(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's configured flow control on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortCfgFlowCtrl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's configured flow control off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortCfgFlowCtrl(uint32_t unit, uint32_t port);
+
+/*
+ * Sets the port's configured flow control to the mode `flow_control`, in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortCfgFlowCtrl(uint32_t unit, uint32_t port, uint32_t flow_control);
+
+/*
+ * Sets what the port advertises when it negotiates: `capability` is a set of bits in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAutoNegCapability(uint32_t unit, uint32_t port, uint32_t capability);
+
+/*
+ * Sets the LED of a pluggable-transceiver port. `led_status` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMiniGbicPortLEDStatus(uint32_t unit, uint32_t port, uint8_t led_status);
+
+/*
+ * Stores the port's type, in the driver process's encoding, in `*type`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortType(uint32_t unit, uint32_t port, uint32_t *type);
+
+/*
+ * Starts the port's negotiation anew.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortRestartAutoNego(uint32_t unit, uint32_t port);
+
+/*
+ * Sets the remote fault that the port advertises when it negotiates. `remote_fault` is in the driver process's
+ * encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAutoNegoRemoteFaultAdvertisement(uint32_t unit, uint32_t port, uint32_t remote_fault);
+
+/*
+ * Stores the remote fault that the port advertises, in the driver process's encoding, in `*remote_fault`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAutoNegoRemoteFaultAdvertisement(uint32_t unit, uint32_t port, uint32_t *remote_fault);
+
+/*
+ * Stores whether the port's link partner signals negotiation, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoSignalingState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores how far the port's negotiation is, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAutoNegoProcessState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores what the port's link partner advertises in `*capability`, as a set of bits in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoCapa(uint32_t unit, uint32_t port, uint32_t *capability);
+
+/*
+ * Stores the remote fault that the port's link partner advertises, in the driver process's encoding, in
+ * `*remote_fault`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoRemoteFault(uint32_t unit, uint32_t port, uint32_t *remote_fault);
+
+/*
+ * Stores the port's jabber state, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortJabberState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores the number of false carriers that the port has seen in `*count`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFalseCarrierSenseCounter(uint32_t unit, uint32_t port, uint32_t *count);
 
 #pragma GCC visibility pop
 

@@ -13,6 +13,7 @@ quillon_recorded_test(wire_test
   wire/failed_exchange_test.cpp
   wire/row_exchange.cpp
   wire/swdrv_mapping.cpp
+  wire/swdrv_port_config.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
