@@ -39,6 +39,12 @@ struct PortWord {
     uint32_t value;
 };
 
+// Values whose meaning is the driver process's, in the order of the function's arguments.
+template <size_t Count>
+struct Words {
+    std::array<uint32_t, Count> values;
+};
+
 // ---- Unit, device and port mapping ----
 
 // A port as the chips number it.
@@ -104,5 +110,25 @@ using GetPortLinkPartnerAutoNegoCapa = Command<29, Port, Word>;
 using GetPortLinkPartnerAutoNegoRemoteFault = Command<30, Port, Word>;
 using GetPortJabberState = Command<31, Port, Word>;
 using GetPortFalseCarrierSenseCounter = Command<32, Port, Word>;
+
+// ---- Spanning tree ----
+
+struct PortStaState {
+    static constexpr uint32_t max_entries = 4094;
+
+    uint32_t value1;
+    uint32_t entry_count;
+    std::array<uint16_t, max_entries> entries;
+    uint32_t value2;
+    uint32_t value3;
+    uint32_t value4;
+};
+static_assert(offsetof(PortStaState, value2) == 8196);
+
+using SetSTAMode = Command<33, Word>;
+using SetPortSTAState = Command<34, PortStaState>;
+using SetPortSTAStateWithMstidx = Command<35, Words<4>>;
+using AddVlanToSTAWithMstidx = Command<36, Words<2>>;
+using DeleteVlanFromSTAWithMstidx = Command<37, Words<2>>;
 
 }  // namespace quillon::swdrv

@@ -210,6 +210,42 @@ uint8_t DEV_SWDRV_PMGR_GetPortJabberState(uint32_t unit, uint32_t port, uint32_t
  */
 uint8_t DEV_SWDRV_PMGR_GetPortFalseCarrierSenseCounter(uint32_t unit, uint32_t port, uint32_t *count);
 
+/* ---- Spanning tree ---- */
+
+/*
+ * Sets the spanning-tree mode of the system. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSTAMode(uint32_t mode);
+
+/*
+ * Sets spanning-tree port states for a whole list in one request. `value1` to `value4` are passed to the driver process
+ * as they are.
+ *
+ * `entries` points to `entry_count` 16-bit values. The caller keeps `entry_count` at 4,094 or below: the function does
+ * not test it (a debug build of the library stops), and more entries than that overrun the request on the calling
+ * task's stack. With `entry_count` 0 `entries` is not looked at and may be null.
+ *
+ * The request has room for 4,094 entries whatever their number: the calling task needs 8 KB of stack for it.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSTAState(uint32_t value1, uint32_t entry_count, const uint16_t *entries, uint32_t value2,
+                                       uint32_t value3, uint32_t value4);
+
+/*
+ * Sets the state of a port in an instance of the multiple spanning tree.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4);
+
+/*
+ * Gives a VLAN to an instance of the multiple spanning tree.
+ */
+uint8_t DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(uint32_t value1, uint32_t value2);
+
+/*
+ * Takes a VLAN from an instance of the multiple spanning tree. The arguments are those of
+ * DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx(uint32_t value1, uint32_t value2);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

@@ -14,6 +14,7 @@ quillon_recorded_test(wire_test
   wire/row_exchange.cpp
   wire/swdrv_mapping.cpp
   wire/swdrv_port_config.cpp
+  wire/swdrv_spanning_tree.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
