@@ -13,6 +13,7 @@ namespace quillon::swdrv {
 
 using ipc::Empty;
 using ipc::Padded;
+using ipc::Unused;
 
 struct Flag {
     uint8_t value;
@@ -130,5 +131,92 @@ using SetPortSTAState = Command<34, PortStaState>;
 using SetPortSTAStateWithMstidx = Command<35, Words<4>>;
 using AddVlanToSTAWithMstidx = Command<36, Words<2>>;
 using DeleteVlanFromSTAWithMstidx = Command<37, Words<2>>;
+
+// ---- VLANs, their member ports and what ports admit ----
+
+struct Vlan {
+    uint32_t vlan_id;
+};
+
+struct PortVlan {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t vlan_id;
+};
+
+// Ports in one word, whatever the length of the caller's bitmap.
+struct VlanPorts {
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t port_bitmap;
+};
+
+struct VlanPortsAndUnusedWord {
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t port_bitmap;
+    Unused<4> unused{};
+};
+
+using SetPortPVID = Command<38, PortVlan>;
+using CreateVlan = Command<39, Vlan>;
+using DestroyVlan = Command<40, Vlan>;
+using SetGlobalDefaultVlan = Command<41, Vlan>;
+using DeletePortUntaggedVlanSet = Command<42, PortVlan>;
+using DeletePortDoubleVlanMemberSet = Command<43, PortVlan>;
+using AddPortUntaggedVlanSet = Command<44, PortVlan>;
+using AddPortDoubleVlanMemberSet = Command<45, PortVlan>;
+using DeletePortVlanSet = Command<46, PortVlan>;
+using AddPortVlanSet = Command<47, PortVlan>;
+using SetPortToVlanMemberSet = Command<48, VlanPortsAndUnusedWord>;
+using SetPortToVlanUntaggedSet = Command<49, VlanPorts>;
+using SetPortToDoubleVlanSet = Command<50, VlanPortsAndUnusedWord>;
+using EnableIngressFilter = Command<61, Port>;
+using DisableIngressFilter = Command<62, Port>;
+using AdmitOnlyVlanTaggedFrames = Command<63, Port>;
+using AdmitOnlyVlanUntaggedFrames = Command<64, Port>;
+using AdmitAllFrames = Command<65, Port>;
+using EnableTrapUnspecifiedTagFrame = Command<66>;
+using DisableTrapUnspecifiedTagFrame = Command<67>;
+using AddCpuToVlan = Command<68, Vlan>;
+using DeleteCpuFromVlan = Command<69, Vlan>;
+
+// ---- Frame sizes ----
+
+using SetSystemMTU = Command<51, Words<2>>;
+using SetPortMTU = Command<52, PortWord>;
+using GetPortMaxFrameSize = Command<53, Port, Words<2>>;
+using EnableJumboFrame = Command<106>;
+using DisableJumboFrame = Command<107>;
+
+// ---- 802.1Q tunnels ----
+
+struct TunnelDoubleTag {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    Padded<uint8_t> value2;
+    uint32_t value3;
+    uint32_t value4;
+};
+static_assert(offsetof(TunnelDoubleTag, value3) == 16);
+
+struct TunnelReplaceVlan {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t value3;
+    Padded<uint8_t> value4;
+};
+
+using SetPortDot1qTunnelMTU = Command<54, Word>;
+using SetPortDot1qTunnelMode = Command<56, PortFlag>;
+using GetPortDot1qTunnelModeofLocalPort = Command<57, Port, Flag>;
+using SetPortDot1qTunnelTPID = Command<58, PortWord>;
+using GetPortDot1qTunnelTPIDofLocalPort = Command<59, Port, Word>;
+using SetPortDot1qTunnelVlanDoubleTag = Command<60, TunnelDoubleTag>;
+using SetPortDot1qTunnelModeForReplaceVlan = Command<222, PortWord>;
+using SetPortDot1qTunnelReplaceVlan = Command<223, TunnelReplaceVlan>;
 
 }  // namespace quillon::swdrv

@@ -246,6 +246,196 @@ uint8_t DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(uint32_t value1, uint32_t value2);
  */
 uint8_t DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx(uint32_t value1, uint32_t value2);
 
+/* ---- VLANs, their member ports and what ports admit ---- */
+
+/*
+ * Sets the VLAN that the port's untagged frames belong to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortPVID(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Creates the VLAN `vlan_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateVlan(uint32_t vlan_id);
+
+/*
+ * Removes the VLAN `vlan_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_DestroyVlan(uint32_t vlan_id);
+
+/*
+ * Makes `vlan_id` the default VLAN of the whole system.
+ */
+uint8_t DEV_SWDRV_PMGR_SetGlobalDefaultVlan(uint32_t vlan_id);
+
+/*
+ * Takes the port out of the untagged ports of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortUntaggedVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Takes the port out of the double-tagged members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortDoubleVlanMemberSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the untagged ports of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortUntaggedVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the double-tagged members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortDoubleVlanMemberSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Takes the port out of the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Sets the members of a VLAN to a set of ports. `port_bitmap` points to a bitmap of ports of which the first 32-bit
+ * word is read and sent: ports beyond it cannot be set with this function.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToVlanMemberSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Sets the untagged ports of a VLAN. The arguments are those of DEV_SWDRV_PMGR_SetPortToVlanMemberSet, with one word of
+ * the bitmap as well.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToVlanUntaggedSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Sets the double-tagged members of a VLAN. The arguments are those of DEV_SWDRV_PMGR_SetPortToVlanMemberSet, with one
+ * word of the bitmap as well.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToDoubleVlanSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Lets the port drop incoming frames of VLANs that it is no member of.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIngressFilter(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port take incoming frames of any VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIngressFilter(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit tagged frames alone.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitOnlyVlanTaggedFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit untagged frames alone.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitOnlyVlanUntaggedFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit tagged and untagged frames.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitAllFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Starts the trap of frames with an unspecified tag to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableTrapUnspecifiedTagFrame(void);
+
+/*
+ * Ends the trap of frames with an unspecified tag to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableTrapUnspecifiedTagFrame(void);
+
+/*
+ * Makes the CPU a member of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddCpuToVlan(uint32_t vlan_id);
+
+/*
+ * Takes the CPU out of the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteCpuFromVlan(uint32_t vlan_id);
+
+/* ---- Frame sizes ---- */
+
+/*
+ * Sets the MTU of the system.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSystemMTU(uint32_t value1, uint32_t value2);
+
+/*
+ * Sets the port's MTU to `mtu`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMTU(uint32_t unit, uint32_t port, uint32_t mtu);
+
+/*
+ * Stores the two values of the port's maximum frame size in `*size1` and `*size2`. What each of them limits is the
+ * driver process's.
+ *
+ * Unlike those of other functions, the outputs are written only when the result is not 0.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortMaxFrameSize(uint32_t unit, uint32_t port, uint32_t *size1, uint32_t *size2);
+
+/*
+ * Lets the system carry jumbo frames.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableJumboFrame(void);
+
+/*
+ * Ends the carrying of jumbo frames.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableJumboFrame(void);
+
+/* ---- 802.1Q tunnels ---- */
+
+/*
+ * Sets the MTU of 802.1Q tunnel ports to `mtu`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelMTU(uint32_t mtu);
+
+/*
+ * Sets the port's 802.1Q tunnel mode. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelMode(uint32_t unit, uint32_t port, uint8_t mode);
+
+/*
+ * Stores the 802.1Q tunnel mode of a port of the local unit, in the driver process's encoding, in `*mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortDot1qTunnelModeofLocalPort(uint32_t unit, uint32_t port, uint8_t *mode);
+
+/*
+ * Sets the protocol id (TPID) of the port's outer tags to `tpid`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(uint32_t unit, uint32_t port, uint32_t tpid);
+
+/*
+ * Stores the protocol id (TPID) of the outer tags of a port of the local unit in `*tpid`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortDot1qTunnelTPIDofLocalPort(uint32_t unit, uint32_t port, uint32_t *tpid);
+
+/*
+ * Sets how the port double-tags the frames of a VLAN. `value1` to `value4` are passed to the driver process as they
+ * are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(uint32_t unit, uint32_t port, uint32_t value1, uint8_t value2,
+                                                       uint32_t value3, uint32_t value4);
+
+/*
+ * Sets the port's 802.1Q tunnel mode for VLANs that it replaces. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan(uint32_t unit, uint32_t port, uint32_t mode);
+
+/*
+ * Sets how the port replaces a VLAN by another. `value1` to `value4` are passed to the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                     uint32_t value3, uint8_t value4);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

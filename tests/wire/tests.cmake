@@ -15,6 +15,9 @@ quillon_recorded_test(wire_test
   wire/swdrv_mapping.cpp
   wire/swdrv_port_config.cpp
   wire/swdrv_spanning_tree.cpp
+  wire/swdrv_vlan.cpp
+  wire/swdrv_frame_size.cpp
+  wire/swdrv_dot1q_tunnel.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
