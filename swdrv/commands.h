@@ -219,4 +219,56 @@ using SetPortDot1qTunnelVlanDoubleTag = Command<60, TunnelDoubleTag>;
 using SetPortDot1qTunnelModeForReplaceVlan = Command<222, PortWord>;
 using SetPortDot1qTunnelReplaceVlan = Command<223, TunnelReplaceVlan>;
 
+// ---- Mirroring ----
+
+using SetPortMirroring = Command<70, Words<3>>;
+using DeletePortMirroring = Command<71, Words<2>>;
+using EnablePortMirroring = Command<72, Word>;
+using DisablePortMirroring = Command<73, Word>;
+using AddVlanMirror = Command<74, Words<3>>;
+using DeleteVlanMirror = Command<75, Words<3>>;
+using SetDestPortForMacMirror = Command<76, PortFlag>;
+using SetDestPortForAclMirror = Command<77, PortFlag>;
+
+// ---- Trunks ----
+
+struct Trunk {
+    uint32_t trunk_id;
+};
+
+struct TrunkMode {
+    uint32_t trunk_id;
+    Padded<uint8_t> mode;
+};
+
+struct TrunkPortMembers {
+    uint32_t value1;
+    uint32_t value2;
+    std::array<uint8_t, 32> port_bitmap;
+};
+
+struct TrunkBalanceMode {
+    uint32_t selector;
+    Padded<uint8_t> mode;
+};
+
+struct TrunkMulticastAddr {
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t value3;
+};
+static_assert(offsetof(TrunkMulticastAddr, value1) == 8);
+
+using CreateTrunk = Command<78, Trunk>;
+using CreateTrunkwithMode = Command<79, TrunkMode>;
+using SetTrunkLoadBalanceMode = Command<80, Word>;
+using DestroyTrunk = Command<81, Trunk>;
+using SetTrunkPortMembers = Command<82, TrunkPortMembers>;
+using SetTrunkBalanceMode = Command<83, TrunkBalanceMode>;
+using GetTrunkBalanceModeofLocalUnit = Command<84, Word, Flag>;
+using AddMulticastAddrToTrunkMember = Command<85, TrunkMulticastAddr>;
+using DeleteMulticastAddrToTrunkMember = Command<86, TrunkMulticastAddr>;
+
 }  // namespace quillon::swdrv

@@ -436,6 +436,101 @@ uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan(uint32_t unit, uint3
 uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
                                                      uint32_t value3, uint8_t value4);
 
+/* ---- Mirroring ---- */
+
+/*
+ * Sets up the mirroring of a port to another.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMirroring(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Takes the mirroring of a port down.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortMirroring(uint32_t value1, uint32_t value2);
+
+/*
+ * Turns port mirroring on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortMirroring(uint32_t value);
+
+/*
+ * Turns port mirroring off. The argument is that of DEV_SWDRV_PMGR_EnablePortMirroring.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortMirroring(uint32_t value);
+
+/*
+ * Sets up the mirroring of a VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddVlanMirror(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Takes the mirroring of a VLAN down. The arguments are those of DEV_SWDRV_PMGR_AddVlanMirror.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteVlanMirror(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Makes the port the destination of what is mirrored by MAC address. `flag` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDestPortForMacMirror(uint32_t unit, uint32_t port, uint8_t flag);
+
+/*
+ * Makes the port the destination of what access-control lists mirror. `flag` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDestPortForAclMirror(uint32_t unit, uint32_t port, uint8_t flag);
+
+/* ---- Trunks ---- */
+
+/*
+ * Creates the trunk (link aggregation) `trunk_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateTrunk(uint32_t trunk_id);
+
+/*
+ * Creates the trunk `trunk_id` with a mode in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateTrunkwithMode(uint32_t trunk_id, uint8_t mode);
+
+/*
+ * Sets the load-balancing mode of all trunks. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkLoadBalanceMode(uint32_t mode);
+
+/*
+ * Removes the trunk `trunk_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_DestroyTrunk(uint32_t trunk_id);
+
+/*
+ * Sets the member ports of a trunk. `port_bitmap` points to 32 bytes, a bitmap of ports. All of them are read and sent,
+ * whatever `value1` and `value2` are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkPortMembers(uint32_t value1, uint32_t value2, const uint8_t *port_bitmap);
+
+/*
+ * Sets the balance mode of what `selector` names. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkBalanceMode(uint32_t selector, uint8_t mode);
+
+/*
+ * Stores the balance mode that holds on the local unit for what `selector` names, in the driver process's encoding, in
+ * `*mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetTrunkBalanceModeofLocalUnit(uint32_t selector, uint8_t *mode);
+
+/*
+ * Adds a multicast address to a member of a trunk. `mac` points to the 6 bytes of the address, which are sent as they
+ * stand.
+ */
+uint8_t DEV_SWDRV_PMGR_AddMulticastAddrToTrunkMember(const uint8_t *mac, uint32_t value1, uint32_t value2,
+                                                     uint32_t value3);
+
+/*
+ * Takes a multicast address from a member of a trunk. The arguments are those of
+ * DEV_SWDRV_PMGR_AddMulticastAddrToTrunkMember.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteMulticastAddrToTrunkMember(const uint8_t *mac, uint32_t value1, uint32_t value2,
+                                                        uint32_t value3);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

@@ -18,6 +18,8 @@ quillon_recorded_test(wire_test
   wire/swdrv_vlan.cpp
   wire/swdrv_frame_size.cpp
   wire/swdrv_dot1q_tunnel.cpp
+  wire/swdrv_mirroring.cpp
+  wire/swdrv_trunk.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
