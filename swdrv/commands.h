@@ -46,6 +46,11 @@ struct Words {
     std::array<uint32_t, Count> values;
 };
 
+template <size_t Count>
+struct Flags {
+    std::array<uint8_t, Count> values;
+};
+
 // ---- Unit, device and port mapping ----
 
 // A port as the chips number it.
@@ -270,5 +275,44 @@ using SetTrunkBalanceMode = Command<83, TrunkBalanceMode>;
 using GetTrunkBalanceModeofLocalUnit = Command<84, Word, Flag>;
 using AddMulticastAddrToTrunkMember = Command<85, TrunkMulticastAddr>;
 using DeleteMulticastAddrToTrunkMember = Command<86, TrunkMulticastAddr>;
+
+// ---- IGMP trap ----
+
+using EnableIgmpTrap = Command<87>;
+using DisableIgmpTrap = Command<88>;
+using TrapIGMPToCPU = Command<89, Flags<2>>;
+
+// ---- Storm control ----
+
+using SetBroadcastStormControlThreshold = Command<90, Words<4>>;
+using SetMulticastStormControlThreshold = Command<91, Words<4>>;
+using SetUnknownUnicastStormControlThreshold = Command<92, Words<4>>;
+using EnableBroadcastStormControl = Command<93, Port>;
+using DisableBroadcastStormControl = Command<94, Port>;
+using EnableMulticastStormControl = Command<95, Port>;
+using DisableMulticastStormControl = Command<96, Port>;
+using EnableUnknownUnicastStormControl = Command<97, Port>;
+using DisableUnknownUnicastStormControl = Command<98, Port>;
+using GetPortStormGranularity = Command<99, PortWord, Word>;
+
+// ---- Priorities and traffic classes ----
+
+// One byte for each of the eight priorities.
+struct PriorityMapping {
+    std::array<uint8_t, 8> mapping;
+};
+
+struct PortPriorityMapping {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 8> mapping;
+};
+
+using SetPortUserDefaultPriority = Command<100, PortWord>;
+using SetPriorityMapping = Command<101, PortPriorityMapping>;
+using SetPriorityMappingPerSystem = Command<102, PriorityMapping>;
+using SetNumberOfTrafficClassByPort = Command<103, PortWord>;
+using SetNumberOfTrafficClass = Command<104, Word>;
+using SetStackingPortPriorityMapping = Command<105, PortPriorityMapping>;
 
 }  // namespace quillon::swdrv

@@ -531,6 +531,117 @@ uint8_t DEV_SWDRV_PMGR_AddMulticastAddrToTrunkMember(const uint8_t *mac, uint32_
 uint8_t DEV_SWDRV_PMGR_DeleteMulticastAddrToTrunkMember(const uint8_t *mac, uint32_t value1, uint32_t value2,
                                                         uint32_t value3);
 
+/* ---- IGMP trap ---- */
+
+/*
+ * Starts the trap of IGMP packets.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIgmpTrap(void);
+
+/*
+ * Ends the trap of IGMP packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIgmpTrap(void);
+
+/*
+ * Sets how IGMP packets are trapped to the CPU. `value1` and `value2` are passed to the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapIGMPToCPU(uint8_t value1, uint8_t value2);
+
+/* ---- Storm control ---- */
+
+/*
+ * Sets the threshold above which broadcasts count as a storm. `value1` to `value4` are passed to the driver process as
+ * they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                         uint32_t value4);
+
+/*
+ * Sets the threshold above which multicasts count as a storm. The arguments are those of
+ * DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMulticastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                         uint32_t value4);
+
+/*
+ * Sets the threshold above which unicasts to unknown addresses count as a storm. The arguments are those of
+ * DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold.
+ */
+uint8_t DEV_SWDRV_PMGR_SetUnknownUnicastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                              uint32_t value4);
+
+/*
+ * Turns the port's control of broadcast storms on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableBroadcastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of broadcast storms off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableBroadcastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of multicast storms on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableMulticastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of multicast storms off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableMulticastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of storms of unicasts to unknown addresses on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUnknownUnicastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of storms of unicasts to unknown addresses off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUnknownUnicastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Stores the step in which the port's storm thresholds can be set, in the driver process's unit, in `*granularity`.
+ * `value` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortStormGranularity(uint32_t unit, uint32_t port, uint32_t value, uint32_t *granularity);
+
+/* ---- Priorities and traffic classes ---- */
+
+/*
+ * Sets the user priority that the port's untagged frames get.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortUserDefaultPriority(uint32_t unit, uint32_t port, uint32_t priority);
+
+/*
+ * Sets the traffic class of each user priority at the port. `mapping` points to 8 bytes, one for each priority from 0
+ * to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPriorityMapping(uint32_t unit, uint32_t port, const uint8_t *mapping);
+
+/*
+ * Sets the traffic class of each user priority for the whole system. `mapping` points to 8 bytes, one for each priority
+ * from 0 to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPriorityMappingPerSystem(const uint8_t *mapping);
+
+/*
+ * Sets the number of traffic classes of the port to `number`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetNumberOfTrafficClassByPort(uint32_t unit, uint32_t port, uint32_t number);
+
+/*
+ * Sets the number of traffic classes of the system to `number`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetNumberOfTrafficClass(uint32_t number);
+
+/*
+ * Sets the traffic class of each user priority at a stacking port. `mapping` points to 8 bytes, one for each priority
+ * from 0 to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetStackingPortPriorityMapping(uint32_t unit, uint32_t port, const uint8_t *mapping);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

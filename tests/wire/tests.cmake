@@ -20,6 +20,9 @@ quillon_recorded_test(wire_test
   wire/swdrv_dot1q_tunnel.cpp
   wire/swdrv_mirroring.cpp
   wire/swdrv_trunk.cpp
+  wire/swdrv_igmp_trap.cpp
+  wire/swdrv_storm_control.cpp
+  wire/swdrv_priority.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
