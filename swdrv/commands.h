@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "ipc/envelope.h"
+#include "quillon/swdrv.h"
 #include "swdrv/family.h"
 
 namespace quillon::swdrv {
@@ -314,5 +315,30 @@ using SetPriorityMappingPerSystem = Command<102, PriorityMapping>;
 using SetNumberOfTrafficClassByPort = Command<103, PortWord>;
 using SetNumberOfTrafficClass = Command<104, Word>;
 using SetStackingPortPriorityMapping = Command<105, PortPriorityMapping>;
+
+// ---- Port status and link scan ----
+
+struct DevicePort {
+    uint32_t device_id;
+    uint32_t device_port;
+};
+
+struct BlockSelectors {
+    uint32_t block_sel0;
+    uint32_t block_sel1;
+    uint32_t block_sel2;
+};
+
+using GetPortOperSpeedDuplex = Command<108, Port, Word>;
+using GetAllPortOperSpeedDuplex = Command<109, BlockSelectors, port_state_block>;
+using GetAllPortLinkStatus = Command<110, BlockSelectors, port_state_block>;
+using GetPortLinkStatus = Command<111, Port, Word>;
+using GetAllPortStatus = Command<112, BlockSelectors, port_state_block>;
+using GetPortLinkStatusByDeviceId = Command<113, DevicePort, Word>;
+using GetPortFlowCtrl = Command<114, Port, Word>;
+using GetAllPortFlowCtrl = Command<115, BlockSelectors, port_state_block>;
+using LinkScan_Update = Command<116, Empty, Empty, void>;
+using EnableHgPortAdmin = Command<10, Unused<8>>;  // counts 8 bytes that nobody fills
+using LINKSCAN_Register = Command<11>;
 
 }  // namespace quillon::swdrv

@@ -642,6 +642,84 @@ uint8_t DEV_SWDRV_PMGR_SetNumberOfTrafficClass(uint32_t number);
  */
 uint8_t DEV_SWDRV_PMGR_SetStackingPortPriorityMapping(uint32_t unit, uint32_t port, const uint8_t *mapping);
 
+/* ---- Port status and link scan ---- */
+
+/*
+ * The state of many ports in one piece, as the functions DEV_SWDRV_PMGR_GetAllPort... copy it. Which ports stand in it,
+ * where and in which encoding is the driver process's.
+ */
+typedef struct port_state_block {
+    uint8_t bytes[360];
+} port_state_block;
+typedef char port_state_block_has_360_bytes[sizeof(port_state_block) == 360 ? 1 : -1];
+
+/*
+ * Stores the speed and duplex that the port runs at, in the driver process's encoding, in `*speed_duplex`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortOperSpeedDuplex(uint32_t unit, uint32_t port, uint32_t *speed_duplex);
+
+/*
+ * Copies the speed and duplex of a block of ports to `out_block`. The three selectors say which block; they are passed
+ * to the driver process as they are.
+ *
+ * `out_block` points to room for 360 bytes, such as a port_state_block, of any alignment. All 360 are written whenever
+ * the exchange succeeded, whatever the result; those that the driver process did not fill are 0, except that the first
+ * 12 still hold the selectors where it did not overwrite them.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                                 void *out_block);
+
+/*
+ * Copies the link status of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortLinkStatus(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                            void *out_block);
+
+/*
+ * Stores the port's link status, in the driver process's encoding, in `*link_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkStatus(uint32_t unit, uint32_t port, uint32_t *link_status);
+
+/*
+ * Copies the status of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortStatus(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2, void *out_block);
+
+/*
+ * Stores the link status of a port in the chips' own numbers, in the driver process's encoding, in `*link_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkStatusByDeviceId(uint32_t device_id, uint32_t device_port, uint32_t *link_status);
+
+/*
+ * Stores the mode of the flow control that the port runs with, in the driver process's encoding, in `*flow_control`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFlowCtrl(uint32_t unit, uint32_t port, uint32_t *flow_control);
+
+/*
+ * Copies the flow control of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortFlowCtrl(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                          void *out_block);
+
+/*
+ * Asks for a pass of the link scan and waits for the driver process's answer. Whether the pass succeeded is not told;
+ * a failed exchange shows in its report alone.
+ */
+void DEV_SWDRV_PMGR_LinkScan_Update(void);
+
+/*
+ * Enables the HiGig ports: their administrative state becomes up.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableHgPortAdmin(void);
+
+/*
+ * Registers with the link scan.
+ */
+uint8_t DEV_SWDRV_PMGR_LINKSCAN_Register(void);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus
