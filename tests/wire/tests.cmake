@@ -14,6 +14,17 @@ quillon_recorded_test(wire_test
   wire/row_exchange.cpp
   wire/devrm_rules.cpp
   wire/swdrv_mapping.cpp
+  wire/swdrv_port_config.cpp
+  wire/swdrv_spanning_tree.cpp
+  wire/swdrv_vlan.cpp
+  wire/swdrv_frame_size.cpp
+  wire/swdrv_dot1q_tunnel.cpp
+  wire/swdrv_mirroring.cpp
+  wire/swdrv_trunk.cpp
+  wire/swdrv_igmp_trap.cpp
+  wire/swdrv_storm_control.cpp
+  wire/swdrv_priority.cpp
+  wire/swdrv_port_status.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
