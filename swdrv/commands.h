@@ -7,12 +7,14 @@
 #include <cstddef>
 
 #include "ipc/envelope.h"
+#include "quillon/swdrv.h"
 #include "swdrv/family.h"
 
 namespace quillon::swdrv {
 
 using ipc::Empty;
 using ipc::Padded;
+using ipc::Unused;
 
 struct Flag {
     uint8_t value;
@@ -32,6 +34,25 @@ struct PortFlag {
     uint32_t port;
     Padded<uint8_t> value;
 };
+
+struct PortWord {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value;
+};
+
+// Values whose meaning is the driver process's, in the order of the function's arguments.
+template <size_t Count>
+struct Words {
+    std::array<uint32_t, Count> values;
+};
+
+template <size_t Count>
+struct Flags {
+    std::array<uint8_t, Count> values;
+};
+
+// ---- Unit, device and port mapping ----
 
 // A port as the chips number it.
 struct PhysicalPort {
@@ -62,7 +83,6 @@ struct ForcedLed {
 };
 static_assert(offsetof(ForcedLed, pattern_len) == 40);
 
-// Unit, device and port mapping.
 using ResetOnDemand = Command<2, Flag>;
 using GetLocalUnitChipsetNumber = Command<4>;
 using Logical2PhyDevicePortID = Command<5, Port, PhysicalPort>;
@@ -73,5 +93,252 @@ using GetModuleIdFromLocalDeviceId = Command<9, UnitDevice, Word>;
 using PortSerdesAutoTuneDfeClear = Command<296, Port>;
 using SetPortForceLinkDownStatus = Command<295, PortFlag>;
 using SetPortForceLEDStatus = Command<297, ForcedLed>;
+
+// ---- Port configuration and negotiation ----
+
+using EnablePortAdmin = Command<12, Port>;
+using DisablePortAdmin = Command<13, Port>;
+using DisableAllPortAdmin = Command<14>;
+using SetPortCfgSpeedDuplex = Command<15, PortWord>;
+using EnablePortAutoNeg = Command<16, Port>;
+using DisablePortAutoNeg = Command<17, Port>;
+using EnablePortCfgFlowCtrl = Command<18, Port>;
+using DisablePortCfgFlowCtrl = Command<19, Port>;
+using SetPortCfgFlowCtrl = Command<20, PortWord>;
+using SetPortAutoNegCapability = Command<21, PortWord>;
+using SetMiniGbicPortLEDStatus = Command<22, PortFlag>;
+using GetPortType = Command<23, Port, Word>;
+using SetPortRestartAutoNego = Command<24, Port>;
+using SetPortAutoNegoRemoteFaultAdvertisement = Command<25, PortWord>;
+using GetPortAutoNegoRemoteFaultAdvertisement = Command<26, Port, Word>;
+using GetPortLinkPartnerAutoNegoSignalingState = Command<27, Port, Word>;
+using GetPortAutoNegoProcessState = Command<28, Port, Word>;
+using GetPortLinkPartnerAutoNegoCapa = Command<29, Port, Word>;
+using GetPortLinkPartnerAutoNegoRemoteFault = Command<30, Port, Word>;
+using GetPortJabberState = Command<31, Port, Word>;
+using GetPortFalseCarrierSenseCounter = Command<32, Port, Word>;
+
+// ---- Spanning tree ----
+
+struct PortStaState {
+    static constexpr uint32_t max_entries = 4094;
+
+    uint32_t value1;
+    uint32_t entry_count;
+    std::array<uint16_t, max_entries> entries;
+    uint32_t value2;
+    uint32_t value3;
+    uint32_t value4;
+};
+static_assert(offsetof(PortStaState, value2) == 8196);
+
+using SetSTAMode = Command<33, Word>;
+using SetPortSTAState = Command<34, PortStaState>;
+using SetPortSTAStateWithMstidx = Command<35, Words<4>>;
+using AddVlanToSTAWithMstidx = Command<36, Words<2>>;
+using DeleteVlanFromSTAWithMstidx = Command<37, Words<2>>;
+
+// ---- VLANs, their member ports and what ports admit ----
+
+struct Vlan {
+    uint32_t vlan_id;
+};
+
+struct PortVlan {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t vlan_id;
+};
+
+// Ports in one word, whatever the length of the caller's bitmap.
+struct VlanPorts {
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t port_bitmap;
+};
+
+struct VlanPortsAndUnusedWord {
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t port_bitmap;
+    Unused<4> unused{};
+};
+
+using SetPortPVID = Command<38, PortVlan>;
+using CreateVlan = Command<39, Vlan>;
+using DestroyVlan = Command<40, Vlan>;
+using SetGlobalDefaultVlan = Command<41, Vlan>;
+using DeletePortUntaggedVlanSet = Command<42, PortVlan>;
+using DeletePortDoubleVlanMemberSet = Command<43, PortVlan>;
+using AddPortUntaggedVlanSet = Command<44, PortVlan>;
+using AddPortDoubleVlanMemberSet = Command<45, PortVlan>;
+using DeletePortVlanSet = Command<46, PortVlan>;
+using AddPortVlanSet = Command<47, PortVlan>;
+using SetPortToVlanMemberSet = Command<48, VlanPortsAndUnusedWord>;
+using SetPortToVlanUntaggedSet = Command<49, VlanPorts>;
+using SetPortToDoubleVlanSet = Command<50, VlanPortsAndUnusedWord>;
+using EnableIngressFilter = Command<61, Port>;
+using DisableIngressFilter = Command<62, Port>;
+using AdmitOnlyVlanTaggedFrames = Command<63, Port>;
+using AdmitOnlyVlanUntaggedFrames = Command<64, Port>;
+using AdmitAllFrames = Command<65, Port>;
+using EnableTrapUnspecifiedTagFrame = Command<66>;
+using DisableTrapUnspecifiedTagFrame = Command<67>;
+using AddCpuToVlan = Command<68, Vlan>;
+using DeleteCpuFromVlan = Command<69, Vlan>;
+
+// ---- Frame sizes ----
+
+using SetSystemMTU = Command<51, Words<2>>;
+using SetPortMTU = Command<52, PortWord>;
+using GetPortMaxFrameSize = Command<53, Port, Words<2>>;
+using EnableJumboFrame = Command<106>;
+using DisableJumboFrame = Command<107>;
+
+// ---- 802.1Q tunnels ----
+
+struct TunnelDoubleTag {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    Padded<uint8_t> value2;
+    uint32_t value3;
+    uint32_t value4;
+};
+static_assert(offsetof(TunnelDoubleTag, value3) == 16);
+
+struct TunnelReplaceVlan {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t value3;
+    Padded<uint8_t> value4;
+};
+
+using SetPortDot1qTunnelMTU = Command<54, Word>;
+using SetPortDot1qTunnelMode = Command<56, PortFlag>;
+using GetPortDot1qTunnelModeofLocalPort = Command<57, Port, Flag>;
+using SetPortDot1qTunnelTPID = Command<58, PortWord>;
+using GetPortDot1qTunnelTPIDofLocalPort = Command<59, Port, Word>;
+using SetPortDot1qTunnelVlanDoubleTag = Command<60, TunnelDoubleTag>;
+using SetPortDot1qTunnelModeForReplaceVlan = Command<222, PortWord>;
+using SetPortDot1qTunnelReplaceVlan = Command<223, TunnelReplaceVlan>;
+
+// ---- Mirroring ----
+
+using SetPortMirroring = Command<70, Words<3>>;
+using DeletePortMirroring = Command<71, Words<2>>;
+using EnablePortMirroring = Command<72, Word>;
+using DisablePortMirroring = Command<73, Word>;
+using AddVlanMirror = Command<74, Words<3>>;
+using DeleteVlanMirror = Command<75, Words<3>>;
+using SetDestPortForMacMirror = Command<76, PortFlag>;
+using SetDestPortForAclMirror = Command<77, PortFlag>;
+
+// ---- Trunks ----
+
+struct Trunk {
+    uint32_t trunk_id;
+};
+
+struct TrunkMode {
+    uint32_t trunk_id;
+    Padded<uint8_t> mode;
+};
+
+struct TrunkPortMembers {
+    uint32_t value1;
+    uint32_t value2;
+    std::array<uint8_t, 32> port_bitmap;
+};
+
+struct TrunkBalanceMode {
+    uint32_t selector;
+    Padded<uint8_t> mode;
+};
+
+struct TrunkMulticastAddr {
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t value3;
+};
+static_assert(offsetof(TrunkMulticastAddr, value1) == 8);
+
+using CreateTrunk = Command<78, Trunk>;
+using CreateTrunkwithMode = Command<79, TrunkMode>;
+using SetTrunkLoadBalanceMode = Command<80, Word>;
+using DestroyTrunk = Command<81, Trunk>;
+using SetTrunkPortMembers = Command<82, TrunkPortMembers>;
+using SetTrunkBalanceMode = Command<83, TrunkBalanceMode>;
+using GetTrunkBalanceModeofLocalUnit = Command<84, Word, Flag>;
+using AddMulticastAddrToTrunkMember = Command<85, TrunkMulticastAddr>;
+using DeleteMulticastAddrToTrunkMember = Command<86, TrunkMulticastAddr>;
+
+// ---- IGMP trap ----
+
+using EnableIgmpTrap = Command<87>;
+using DisableIgmpTrap = Command<88>;
+using TrapIGMPToCPU = Command<89, Flags<2>>;
+
+// ---- Storm control ----
+
+using SetBroadcastStormControlThreshold = Command<90, Words<4>>;
+using SetMulticastStormControlThreshold = Command<91, Words<4>>;
+using SetUnknownUnicastStormControlThreshold = Command<92, Words<4>>;
+using EnableBroadcastStormControl = Command<93, Port>;
+using DisableBroadcastStormControl = Command<94, Port>;
+using EnableMulticastStormControl = Command<95, Port>;
+using DisableMulticastStormControl = Command<96, Port>;
+using EnableUnknownUnicastStormControl = Command<97, Port>;
+using DisableUnknownUnicastStormControl = Command<98, Port>;
+using GetPortStormGranularity = Command<99, PortWord, Word>;
+
+// ---- Priorities and traffic classes ----
+
+// One byte for each of the eight priorities.
+struct PriorityMapping {
+    std::array<uint8_t, 8> mapping;
+};
+
+struct PortPriorityMapping {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 8> mapping;
+};
+
+using SetPortUserDefaultPriority = Command<100, PortWord>;
+using SetPriorityMapping = Command<101, PortPriorityMapping>;
+using SetPriorityMappingPerSystem = Command<102, PriorityMapping>;
+using SetNumberOfTrafficClassByPort = Command<103, PortWord>;
+using SetNumberOfTrafficClass = Command<104, Word>;
+using SetStackingPortPriorityMapping = Command<105, PortPriorityMapping>;
+
+// ---- Port status and link scan ----
+
+struct DevicePort {
+    uint32_t device_id;
+    uint32_t device_port;
+};
+
+struct BlockSelectors {
+    uint32_t block_sel0;
+    uint32_t block_sel1;
+    uint32_t block_sel2;
+};
+
+using GetPortOperSpeedDuplex = Command<108, Port, Word>;
+using GetAllPortOperSpeedDuplex = Command<109, BlockSelectors, port_state_block>;
+using GetAllPortLinkStatus = Command<110, BlockSelectors, port_state_block>;
+using GetPortLinkStatus = Command<111, Port, Word>;
+using GetAllPortStatus = Command<112, BlockSelectors, port_state_block>;
+using GetPortLinkStatusByDeviceId = Command<113, DevicePort, Word>;
+using GetPortFlowCtrl = Command<114, Port, Word>;
+using GetAllPortFlowCtrl = Command<115, BlockSelectors, port_state_block>;
+using LinkScan_Update = Command<116, Empty, Empty, void>;
+using EnableHgPortAdmin = Command<10, Unused<8>>;  // counts 8 bytes that nobody fills
+using LINKSCAN_Register = Command<11>;
 
 }  // namespace quillon::swdrv

@@ -13,7 +13,11 @@
 #include <string>
 #include <string_view>
 
+#include "host/platform/descriptor.h"
+
 namespace quillon::host {
+
+class ClientConnection;
 
 // Why a folder or a queue cannot be had; what() is one clear line for the user.
 class QueueError : public std::runtime_error {
@@ -31,19 +35,14 @@ class RuntimeFolder {
     // goes with the object or the process, however it ends. Throws QueueError.
     static RuntimeFolder claim();
 
-    RuntimeFolder(RuntimeFolder &&other) noexcept;
-    RuntimeFolder &operator=(RuntimeFolder &&other) noexcept;
-    ~RuntimeFolder();
-
     const std::string &path() const noexcept { return path_; }
-    int descriptor() const noexcept { return folder_; }  // of the folder itself, for the *at() functions
+    int descriptor() const noexcept { return folder_.number(); }  // of the folder itself, for the *at() functions
 
   private:
-    RuntimeFolder(std::string path, int folder, int lock) noexcept;
+    RuntimeFolder(std::string path, Descriptor folder) noexcept;
 
     std::string path_;
-    int folder_ = -1;
-    int lock_ = -1;
+    Descriptor folder_;  // holds the lock
 };
 
 // A reply that is given later, from any thread, exactly once.
@@ -51,25 +50,26 @@ class RuntimeFolder {
 // Destroyed without an answer, it fails the client's call (QUILLON_STATUS_NO_REPLY) instead of leaving it to hang.
 class PendingReply {
   public:
-    struct State;
-
     PendingReply() noexcept = default;
-    explicit PendingReply(std::shared_ptr<State> state) noexcept;
     PendingReply(PendingReply &&other) noexcept;
     PendingReply &operator=(PendingReply &&other) noexcept;
     ~PendingReply();
 
     // True until it was answered or moved from. Says nothing about the client.
-    explicit operator bool() const noexcept { return state_ != nullptr; }
+    explicit operator bool() const noexcept { return client_ != nullptr; }
 
     // The client still waits: it has neither died nor timed out, and the server runs.
     bool awaited() const noexcept;
 
-    // Sends `envelope`, cut to the room that the client has. False when nobody waits any more (or it was answered before).
+    // Sends `envelope`, cut to the room that the client has. False when nobody waits any more (or it was answered
+    // before).
     bool answer(std::span<const std::byte> envelope) noexcept;
 
   private:
-    std::shared_ptr<State> state_;
+    friend class Request;
+    explicit PendingReply(std::shared_ptr<ClientConnection> client) noexcept;
+
+    std::shared_ptr<ClientConnection> client_;
 };
 
 // One request as its client sent it. Lives as long as the handler's call.
@@ -81,7 +81,7 @@ class Request {
         wrong_size,  // msg_size says something else than what came
     };
 
-    std::uint32_t queue() const noexcept { return queue_; }  // its key
+    uint32_t queue() const noexcept { return queue_; }  // its key
     pid_t client() const noexcept { return client_; }
     Form form() const noexcept { return form_; }
 
@@ -91,28 +91,33 @@ class Request {
     // Where a reply of up to 20 + reply size bytes is written. What stands there before is not defined.
     std::span<std::byte> reply() const noexcept { return reply_; }
 
-    // Gives the reply later; the handler then returns 0. `client_gone` is called on the queue's thread, at most once, and
-    // never before the handler returned nor after answer() returned true: when the client died or gave up waiting, so
-    // that whatever was parked for it can be dropped at once. It is not called when the server stops.
-    // Throws std::logic_error when called twice for one request.
+    // Gives the reply later; the handler then returns 0. `client_gone` is called on the queue's thread, at most once,
+    // and never before the handler returned nor after answer() returned true: when the client died or gave up waiting,
+    // so that whatever was parked for it can be dropped at once. It is not called when the server stops. Throws
+    // std::logic_error when called twice for one request.
     PendingReply answer_later(std::function<void()> client_gone = {});
 
   private:
     friend class QueueThread;
+    Request(uint32_t queue, ClientConnection &connection, uint32_t sequence, Form form,
+            std::span<const std::byte> bytes, std::span<std::byte> reply) noexcept;
+    Request(const Request &) = delete;
+    Request &operator=(const Request &) = delete;
 
-    std::uint32_t queue_ = 0;
-    pid_t client_ = 0;
-    Form form_ = Form::sound;
+    uint32_t queue_;
+    pid_t client_;
+    Form form_;
+    bool later_ = false;
+    uint32_t sequence_;
     std::span<const std::byte> bytes_;
     std::span<std::byte> reply_;
-    std::shared_ptr<PendingReply::State> *connection_ = nullptr;
-    std::function<void()> *client_gone_ = nullptr;
+    ClientConnection &connection_;
 };
 
 // Answers one request: writes the reply into request.reply() and returns its size. Returns 0 after answer_later(); 0
-// without it fails the client's call (QUILLON_STATUS_NO_REPLY). Also called for requests that are not `sound`. Called on
-// the queue's thread, one request at a time; what it throws is reported and fails the call.
-using Handler = std::function<std::size_t(Request &)>;
+// without it fails the client's call (QUILLON_STATUS_NO_REPLY). Also called for requests that are not `sound`. Called
+// on the queue's thread, one request at a time; what it throws is reported and fails the call.
+using Handler = std::function<size_t(Request &)>;
 
 // What went wrong on a queue without stopping it.
 struct Incident {
@@ -124,7 +129,7 @@ struct Incident {
         handler_threw,    // `text` is what()
     };
     Kind kind;
-    std::uint32_t queue;
+    uint32_t queue;
     pid_t client;  // 0 when it is not known
     std::string_view text;
 };
@@ -143,7 +148,7 @@ class QueueServer {
 
     // Creates the queue `key`, in place of what a crashed run left. From here on clients can attach and send; they are
     // answered once run() is called. Throws QueueError. Before run() only.
-    void create_queue(std::uint32_t key, Handler handler);
+    void create_queue(uint32_t key, Handler handler);
 
     // Serves all queues until stop(), then closes them: every waiting call fails at once. Once only.
     void run();

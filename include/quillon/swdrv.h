@@ -7,12 +7,14 @@
  * - It returns 1 when the driver process did what was asked and 0 when it refused.
  * - Outputs are written whenever the exchange with the driver process succeeded, also when it refused. They are not
  *   tested for null.
- * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard output,
- * runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0.
+ * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard
+ *   output, runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0.
  * - Arguments are not tested here: the driver process refuses units, ports and values that it does not know.
  * - Any thread may call it once DEV_SWDRV_PMGR_InitiateProcessResource has run.
  *
- * `unit` is the number of a unit in the stack, `port` the number of a port on that unit.
+ * `unit` is the number of a unit in the stack, `port` the number of a port on that unit. Arguments of which nothing
+ * more is said than a name such as `value1`, `mode`, `flag` or `selector` are passed to the driver process as they are,
+ * in the order of the function's arguments: what they mean is the driver process's.
  */
 #ifndef QUILLON_SWDRV_H
 #define QUILLON_SWDRV_H
@@ -98,6 +100,625 @@ uint8_t DEV_SWDRV_PMGR_SetPortForceLinkDownStatus(uint32_t unit, uint32_t port, 
  */
 uint8_t DEV_SWDRV_PMGR_SetPortForceLEDStatus(uint32_t unit, uint32_t port, const uint8_t *pattern, uint32_t pattern_len,
                                              uint32_t led_mode);
+
+/* ---- Port configuration and negotiation ---- */
+
+/*
+ * Lets the port carry traffic: its administrative state becomes up.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortAdmin(uint32_t unit, uint32_t port);
+
+/*
+ * Shuts the port down: its administrative state becomes down.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortAdmin(uint32_t unit, uint32_t port);
+
+/*
+ * Shuts all ports down.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableAllPortAdmin(void);
+
+/*
+ * Sets the port's configured speed and duplex to `speed_duplex`, in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortCfgSpeedDuplex(uint32_t unit, uint32_t port, uint32_t speed_duplex);
+
+/*
+ * Lets the port negotiate speed, duplex and flow control with its partner.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortAutoNeg(uint32_t unit, uint32_t port);
+
+/*
+ * Stops the port from negotiating: it runs as configured.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortAutoNeg(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's configured flow control on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortCfgFlowCtrl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's configured flow control off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortCfgFlowCtrl(uint32_t unit, uint32_t port);
+
+/*
+ * Sets the port's configured flow control to the mode `flow_control`, in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortCfgFlowCtrl(uint32_t unit, uint32_t port, uint32_t flow_control);
+
+/*
+ * Sets what the port advertises when it negotiates: `capability` is a set of bits in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAutoNegCapability(uint32_t unit, uint32_t port, uint32_t capability);
+
+/*
+ * Sets the LED of a pluggable-transceiver port. `led_status` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMiniGbicPortLEDStatus(uint32_t unit, uint32_t port, uint8_t led_status);
+
+/*
+ * Stores the port's type, in the driver process's encoding, in `*type`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortType(uint32_t unit, uint32_t port, uint32_t *type);
+
+/*
+ * Starts the port's negotiation anew.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortRestartAutoNego(uint32_t unit, uint32_t port);
+
+/*
+ * Sets the remote fault that the port advertises when it negotiates. `remote_fault` is in the driver process's
+ * encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAutoNegoRemoteFaultAdvertisement(uint32_t unit, uint32_t port, uint32_t remote_fault);
+
+/*
+ * Stores the remote fault that the port advertises, in the driver process's encoding, in `*remote_fault`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAutoNegoRemoteFaultAdvertisement(uint32_t unit, uint32_t port, uint32_t *remote_fault);
+
+/*
+ * Stores whether the port's link partner signals negotiation, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoSignalingState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores how far the port's negotiation is, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAutoNegoProcessState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores what the port's link partner advertises in `*capability`, as a set of bits in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoCapa(uint32_t unit, uint32_t port, uint32_t *capability);
+
+/*
+ * Stores the remote fault that the port's link partner advertises, in the driver process's encoding, in
+ * `*remote_fault`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkPartnerAutoNegoRemoteFault(uint32_t unit, uint32_t port, uint32_t *remote_fault);
+
+/*
+ * Stores the port's jabber state, in the driver process's encoding, in `*state`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortJabberState(uint32_t unit, uint32_t port, uint32_t *state);
+
+/*
+ * Stores the number of false carriers that the port has seen in `*count`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFalseCarrierSenseCounter(uint32_t unit, uint32_t port, uint32_t *count);
+
+/* ---- Spanning tree ---- */
+
+/*
+ * Sets the spanning-tree mode of the system. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSTAMode(uint32_t mode);
+
+/*
+ * Sets spanning-tree port states for a whole list in one request. `value1` to `value4` are passed to the driver process
+ * as they are.
+ *
+ * `entries` points to `entry_count` 16-bit values. The caller keeps `entry_count` at 4,094 or below: the function does
+ * not test it (a debug build of the library stops), and more entries than that overrun the request on the calling
+ * task's stack. With `entry_count` 0 `entries` is not looked at and may be null.
+ *
+ * The request has room for 4,094 entries whatever their number: the calling task needs 8 KB of stack for it.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSTAState(uint32_t value1, uint32_t entry_count, const uint16_t *entries, uint32_t value2,
+                                       uint32_t value3, uint32_t value4);
+
+/*
+ * Sets the state of a port in an instance of the multiple spanning tree.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4);
+
+/*
+ * Gives a VLAN to an instance of the multiple spanning tree.
+ */
+uint8_t DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(uint32_t value1, uint32_t value2);
+
+/*
+ * Takes a VLAN from an instance of the multiple spanning tree. The arguments are those of
+ * DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx(uint32_t value1, uint32_t value2);
+
+/* ---- VLANs, their member ports and what ports admit ---- */
+
+/*
+ * Sets the VLAN that the port's untagged frames belong to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortPVID(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Creates the VLAN `vlan_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateVlan(uint32_t vlan_id);
+
+/*
+ * Removes the VLAN `vlan_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_DestroyVlan(uint32_t vlan_id);
+
+/*
+ * Makes `vlan_id` the default VLAN of the whole system.
+ */
+uint8_t DEV_SWDRV_PMGR_SetGlobalDefaultVlan(uint32_t vlan_id);
+
+/*
+ * Takes the port out of the untagged ports of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortUntaggedVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Takes the port out of the double-tagged members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortDoubleVlanMemberSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the untagged ports of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortUntaggedVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the double-tagged members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortDoubleVlanMemberSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Takes the port out of the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Adds the port to the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddPortVlanSet(uint32_t unit, uint32_t port, uint32_t vlan_id);
+
+/*
+ * Sets the members of a VLAN to a set of ports. `port_bitmap` points to a bitmap of ports of which the first 32-bit
+ * word is read and sent: ports beyond it cannot be set with this function.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToVlanMemberSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Sets the untagged ports of a VLAN. The arguments are those of DEV_SWDRV_PMGR_SetPortToVlanMemberSet, with one word of
+ * the bitmap as well.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToVlanUntaggedSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Sets the double-tagged members of a VLAN. The arguments are those of DEV_SWDRV_PMGR_SetPortToVlanMemberSet, with one
+ * word of the bitmap as well.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortToDoubleVlanSet(uint32_t value1, uint32_t value2, const uint32_t *port_bitmap);
+
+/*
+ * Lets the port drop incoming frames of VLANs that it is no member of.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIngressFilter(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port take incoming frames of any VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIngressFilter(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit tagged frames alone.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitOnlyVlanTaggedFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit untagged frames alone.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitOnlyVlanUntaggedFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Lets the port admit tagged and untagged frames.
+ */
+uint8_t DEV_SWDRV_PMGR_AdmitAllFrames(uint32_t unit, uint32_t port);
+
+/*
+ * Starts the trap of frames with an unspecified tag to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableTrapUnspecifiedTagFrame(void);
+
+/*
+ * Ends the trap of frames with an unspecified tag to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableTrapUnspecifiedTagFrame(void);
+
+/*
+ * Makes the CPU a member of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddCpuToVlan(uint32_t vlan_id);
+
+/*
+ * Takes the CPU out of the members of the VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteCpuFromVlan(uint32_t vlan_id);
+
+/* ---- Frame sizes ---- */
+
+/*
+ * Sets the MTU of the system.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSystemMTU(uint32_t value1, uint32_t value2);
+
+/*
+ * Sets the port's MTU to `mtu`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMTU(uint32_t unit, uint32_t port, uint32_t mtu);
+
+/*
+ * Stores the two values of the port's maximum frame size in `*size1` and `*size2`. What each of them limits is the
+ * driver process's.
+ *
+ * Unlike those of other functions, the outputs are written only when the result is not 0.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortMaxFrameSize(uint32_t unit, uint32_t port, uint32_t *size1, uint32_t *size2);
+
+/*
+ * Lets the system carry jumbo frames.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableJumboFrame(void);
+
+/*
+ * Ends the carrying of jumbo frames.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableJumboFrame(void);
+
+/* ---- 802.1Q tunnels ---- */
+
+/*
+ * Sets the MTU of 802.1Q tunnel ports to `mtu`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelMTU(uint32_t mtu);
+
+/*
+ * Sets the port's 802.1Q tunnel mode. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelMode(uint32_t unit, uint32_t port, uint8_t mode);
+
+/*
+ * Stores the 802.1Q tunnel mode of a port of the local unit, in the driver process's encoding, in `*mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortDot1qTunnelModeofLocalPort(uint32_t unit, uint32_t port, uint8_t *mode);
+
+/*
+ * Sets the protocol id (TPID) of the port's outer tags to `tpid`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(uint32_t unit, uint32_t port, uint32_t tpid);
+
+/*
+ * Stores the protocol id (TPID) of the outer tags of a port of the local unit in `*tpid`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortDot1qTunnelTPIDofLocalPort(uint32_t unit, uint32_t port, uint32_t *tpid);
+
+/*
+ * Sets how the port double-tags the frames of a VLAN. `value1` to `value4` are passed to the driver process as they
+ * are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(uint32_t unit, uint32_t port, uint32_t value1, uint8_t value2,
+                                                       uint32_t value3, uint32_t value4);
+
+/*
+ * Sets the port's 802.1Q tunnel mode for VLANs that it replaces. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan(uint32_t unit, uint32_t port, uint32_t mode);
+
+/*
+ * Sets how the port replaces a VLAN by another. `value1` to `value4` are passed to the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                     uint32_t value3, uint8_t value4);
+
+/* ---- Mirroring ---- */
+
+/*
+ * Sets up the mirroring of a port to another.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMirroring(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Takes the mirroring of a port down.
+ */
+uint8_t DEV_SWDRV_PMGR_DeletePortMirroring(uint32_t value1, uint32_t value2);
+
+/*
+ * Turns port mirroring on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortMirroring(uint32_t value);
+
+/*
+ * Turns port mirroring off. The argument is that of DEV_SWDRV_PMGR_EnablePortMirroring.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortMirroring(uint32_t value);
+
+/*
+ * Sets up the mirroring of a VLAN.
+ */
+uint8_t DEV_SWDRV_PMGR_AddVlanMirror(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Takes the mirroring of a VLAN down. The arguments are those of DEV_SWDRV_PMGR_AddVlanMirror.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteVlanMirror(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Makes the port the destination of what is mirrored by MAC address. `flag` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDestPortForMacMirror(uint32_t unit, uint32_t port, uint8_t flag);
+
+/*
+ * Makes the port the destination of what access-control lists mirror. `flag` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDestPortForAclMirror(uint32_t unit, uint32_t port, uint8_t flag);
+
+/* ---- Trunks ---- */
+
+/*
+ * Creates the trunk (link aggregation) `trunk_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateTrunk(uint32_t trunk_id);
+
+/*
+ * Creates the trunk `trunk_id` with a mode in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateTrunkwithMode(uint32_t trunk_id, uint8_t mode);
+
+/*
+ * Sets the load-balancing mode of all trunks. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkLoadBalanceMode(uint32_t mode);
+
+/*
+ * Removes the trunk `trunk_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_DestroyTrunk(uint32_t trunk_id);
+
+/*
+ * Sets the member ports of a trunk. `port_bitmap` points to 32 bytes, a bitmap of ports. All of them are read and sent,
+ * whatever `value1` and `value2` are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkPortMembers(uint32_t value1, uint32_t value2, const uint8_t *port_bitmap);
+
+/*
+ * Sets the balance mode of what `selector` names. `mode` is in the driver process's encoding.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkBalanceMode(uint32_t selector, uint8_t mode);
+
+/*
+ * Stores the balance mode that holds on the local unit for what `selector` names, in the driver process's encoding, in
+ * `*mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetTrunkBalanceModeofLocalUnit(uint32_t selector, uint8_t *mode);
+
+/*
+ * Adds a multicast address to a member of a trunk. `mac` points to the 6 bytes of the address, which are sent as they
+ * stand.
+ */
+uint8_t DEV_SWDRV_PMGR_AddMulticastAddrToTrunkMember(const uint8_t *mac, uint32_t value1, uint32_t value2,
+                                                     uint32_t value3);
+
+/*
+ * Takes a multicast address from a member of a trunk. The arguments are those of
+ * DEV_SWDRV_PMGR_AddMulticastAddrToTrunkMember.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteMulticastAddrToTrunkMember(const uint8_t *mac, uint32_t value1, uint32_t value2,
+                                                        uint32_t value3);
+
+/* ---- IGMP trap ---- */
+
+/*
+ * Starts the trap of IGMP packets.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIgmpTrap(void);
+
+/*
+ * Ends the trap of IGMP packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIgmpTrap(void);
+
+/*
+ * Sets how IGMP packets are trapped to the CPU. `value1` and `value2` are passed to the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapIGMPToCPU(uint8_t value1, uint8_t value2);
+
+/* ---- Storm control ---- */
+
+/*
+ * Sets the threshold above which broadcasts count as a storm. `value1` to `value4` are passed to the driver process as
+ * they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                         uint32_t value4);
+
+/*
+ * Sets the threshold above which multicasts count as a storm. The arguments are those of
+ * DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMulticastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                         uint32_t value4);
+
+/*
+ * Sets the threshold above which unicasts to unknown addresses count as a storm. The arguments are those of
+ * DEV_SWDRV_PMGR_SetBroadcastStormControlThreshold.
+ */
+uint8_t DEV_SWDRV_PMGR_SetUnknownUnicastStormControlThreshold(uint32_t value1, uint32_t value2, uint32_t value3,
+                                                              uint32_t value4);
+
+/*
+ * Turns the port's control of broadcast storms on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableBroadcastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of broadcast storms off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableBroadcastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of multicast storms on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableMulticastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of multicast storms off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableMulticastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of storms of unicasts to unknown addresses on.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUnknownUnicastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Turns the port's control of storms of unicasts to unknown addresses off.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUnknownUnicastStormControl(uint32_t unit, uint32_t port);
+
+/*
+ * Stores the step in which the port's storm thresholds can be set, in the driver process's unit, in `*granularity`.
+ * `value` is passed to the driver process as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortStormGranularity(uint32_t unit, uint32_t port, uint32_t value, uint32_t *granularity);
+
+/* ---- Priorities and traffic classes ---- */
+
+/*
+ * Sets the user priority that the port's untagged frames get.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortUserDefaultPriority(uint32_t unit, uint32_t port, uint32_t priority);
+
+/*
+ * Sets the traffic class of each user priority at the port. `mapping` points to 8 bytes, one for each priority from 0
+ * to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPriorityMapping(uint32_t unit, uint32_t port, const uint8_t *mapping);
+
+/*
+ * Sets the traffic class of each user priority for the whole system. `mapping` points to 8 bytes, one for each priority
+ * from 0 to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPriorityMappingPerSystem(const uint8_t *mapping);
+
+/*
+ * Sets the number of traffic classes of the port to `number`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetNumberOfTrafficClassByPort(uint32_t unit, uint32_t port, uint32_t number);
+
+/*
+ * Sets the number of traffic classes of the system to `number`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetNumberOfTrafficClass(uint32_t number);
+
+/*
+ * Sets the traffic class of each user priority at a stacking port. `mapping` points to 8 bytes, one for each priority
+ * from 0 to 7.
+ */
+uint8_t DEV_SWDRV_PMGR_SetStackingPortPriorityMapping(uint32_t unit, uint32_t port, const uint8_t *mapping);
+
+/* ---- Port status and link scan ---- */
+
+/*
+ * The state of many ports in one piece, as the functions DEV_SWDRV_PMGR_GetAllPort... copy it. Which ports stand in it,
+ * where and in which encoding is the driver process's.
+ */
+typedef struct port_state_block {
+    uint8_t bytes[360];
+} port_state_block;
+typedef char port_state_block_has_360_bytes[sizeof(port_state_block) == 360 ? 1 : -1];
+
+/*
+ * Stores the speed and duplex that the port runs at, in the driver process's encoding, in `*speed_duplex`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortOperSpeedDuplex(uint32_t unit, uint32_t port, uint32_t *speed_duplex);
+
+/*
+ * Copies the speed and duplex of a block of ports to `out_block`. The three selectors say which block; they are passed
+ * to the driver process as they are.
+ *
+ * `out_block` points to room for 360 bytes, such as a port_state_block, of any alignment. All 360 are written whenever
+ * the exchange succeeded, whatever the result; those that the driver process did not fill are 0, except that the first
+ * 12 still hold the selectors where it did not overwrite them.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                                 void *out_block);
+
+/*
+ * Copies the link status of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortLinkStatus(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                            void *out_block);
+
+/*
+ * Stores the port's link status, in the driver process's encoding, in `*link_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkStatus(uint32_t unit, uint32_t port, uint32_t *link_status);
+
+/*
+ * Copies the status of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortStatus(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2, void *out_block);
+
+/*
+ * Stores the link status of a port in the chips' own numbers, in the driver process's encoding, in `*link_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortLinkStatusByDeviceId(uint32_t device_id, uint32_t device_port, uint32_t *link_status);
+
+/*
+ * Stores the mode of the flow control that the port runs with, in the driver process's encoding, in `*flow_control`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFlowCtrl(uint32_t unit, uint32_t port, uint32_t *flow_control);
+
+/*
+ * Copies the flow control of a block of ports to `out_block`. The arguments are those of
+ * DEV_SWDRV_PMGR_GetAllPortOperSpeedDuplex.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortFlowCtrl(uint32_t block_sel0, uint32_t block_sel1, uint32_t block_sel2,
+                                          void *out_block);
+
+/*
+ * Asks for a pass of the link scan and waits for the driver process's answer. Whether the pass succeeded is not told;
+ * a failed exchange shows in its report alone.
+ */
+void DEV_SWDRV_PMGR_LinkScan_Update(void);
+
+/*
+ * Enables the HiGig ports: their administrative state becomes up.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableHgPortAdmin(void);
+
+/*
+ * Registers with the link scan.
+ */
+uint8_t DEV_SWDRV_PMGR_LINKSCAN_Register(void);
 
 #pragma GCC visibility pop
 

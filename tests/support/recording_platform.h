@@ -42,7 +42,7 @@ struct PlayedReply {
     // Fills the room of the reply with poison first: whatever the library reads has to come from the reply.
     bool poisoned = true;
     // Stored from byte 16 on, where the room ends at 20 + the reply size; open bytes are left as they are.
-    std::vector<TextByte> from_type;
+    std::vector<TextByte> from_type = {};
 };
 
 struct RecordingPlatform {

@@ -13,16 +13,33 @@ class WireTest : public testing::TestWithParam<WireRow> {
   protected:
     void SetUp() override
     {
-        start_all_families();
         reset_platform();
-        if (GetParam().code) {
-            platform().answer = [](const SentRequest &) {
-                const WireRow &row = GetParam();
-                return PlayedReply{.poisoned = !row.short_reply,
-                                   .from_type = reply_from_type(row, request_facts(row.sent_by))};
+        handle_ = start_family_of(row_.sent_by, facts_.queue_key);
+        if (row_.code) {
+            platform().answer = [this](const SentRequest &) {
+                return PlayedReply{.poisoned = !row_.short_reply, .from_type = reply_from_type(row_, facts_)};
             };
         }
     }
+
+    void expect_sent_once() const
+    {
+        ASSERT_EQ(platform().sent.size(), 1);
+        const SentRequest &sent = platform().sent.front();
+        EXPECT_EQ(differences(sent_envelope(row_, facts_), sent.envelope), "");
+        EXPECT_EQ(sent.queue_key, facts_.queue_key);
+        EXPECT_EQ(sent.handle, handle_);
+        EXPECT_EQ(sent.reply_size, row_.reply_size);
+        EXPECT_EQ(sent.wait_time, 0xFFFFFFFF);
+        EXPECT_EQ(sent.event_mask, 0x20000000);
+        EXPECT_EQ(sent.function, row_.sent_by);
+        EXPECT_GT(sent.line, 0);
+        EXPECT_TRUE(sent.reply_in_place);
+    }
+
+    const WireRow &row_ = GetParam();
+    const RequestFacts facts_ = request_facts(row_.sent_by);
+    void *handle_ = nullptr;
 };
 
 std::optional<uint64_t> expected_return(const WireRow &row)
@@ -41,35 +58,19 @@ std::optional<uint64_t> expected_return(const WireRow &row)
     return std::nullopt;
 }
 
-void expect_sent_once(const WireRow &row)
-{
-    ASSERT_EQ(platform().sent.size(), 1);
-    const RequestFacts facts = request_facts(row.sent_by);
-    const SentRequest &sent = platform().sent.front();
-    EXPECT_EQ(differences(sent_envelope(row, facts), sent.envelope), "");
-    EXPECT_EQ(sent.queue_key, facts.queue_key);
-    EXPECT_EQ(sent.reply_size, row.reply_size);
-    EXPECT_EQ(sent.wait_time, 0xFFFFFFFF);
-    EXPECT_EQ(sent.event_mask, 0x20000000);
-    EXPECT_EQ(sent.function, row.sent_by);
-    EXPECT_GT(sent.line, 0);
-    EXPECT_TRUE(sent.reply_in_place);
-}
-
 TEST_P(WireTest, SendsItsBytesAndTakesTheReply)
 {
-    const WireRow &row = GetParam();
     Arguments arguments;
 
     testing::internal::CaptureStdout();
     leave_garbage_on_the_stack();
-    const std::optional<uint64_t> returned = row.call(arguments);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), row.printed);
+    const std::optional<uint64_t> returned = row_.call(arguments);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), row_.printed);
 
-    EXPECT_EQ(returned, expected_return(row));
+    EXPECT_EQ(returned, expected_return(row_));
     EXPECT_EQ(platform().shell_commands, std::vector<std::string>{});
-    if (row.code) {
-        expect_sent_once(row);
+    if (row_.code) {
+        expect_sent_once();
         EXPECT_EQ(arguments.wrong_after_success(), "");
     } else {
         EXPECT_TRUE(platform().sent.empty());

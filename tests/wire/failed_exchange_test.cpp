@@ -30,28 +30,27 @@ class FailedExchangeTest : public testing::TestWithParam<WireRow> {
   protected:
     void SetUp() override
     {
-        start_all_families();
         reset_platform();
+        start_family_of(row_.sent_by, facts_.queue_key);
     }
 
     std::optional<uint64_t> call_with(const PlayedReply &reply)
     {
         platform().answer = [&reply](const SentRequest &) { return reply; };
         testing::internal::CaptureStdout();
-        const std::optional<uint64_t> returned = GetParam().call(arguments_);
+        const std::optional<uint64_t> returned = row_.call(arguments_);
         printed_ = testing::internal::GetCapturedStdout();
         return returned;
     }
 
-    static std::optional<uint64_t> expected_return(uint32_t type_afterwards)
+    std::optional<uint64_t> expected_return(uint32_t type_afterwards) const
     {
-        const RequestFacts facts = request_facts(GetParam().sent_by);
-        if (GetParam().result == Result::nothing) {
+        if (row_.result == Result::nothing) {
             return std::nullopt;
         }
-        switch (facts.failure) {
+        switch (facts_.failure) {
             case Failure::value:
-                return facts.failure_value;
+                return facts_.failure_value;
             case Failure::type:
                 return type_afterwards;
             case Failure::status:
@@ -60,28 +59,29 @@ class FailedExchangeTest : public testing::TestWithParam<WireRow> {
         return std::nullopt;
     }
 
-    static std::string expected_report()
+    std::string expected_report() const
     {
-        const RequestFacts facts = request_facts(GetParam().sent_by);
-        const std::string name = facts.named_in_report ? GetParam().sent_by : "";
+        const std::string name = facts_.named_in_report ? row_.sent_by : "";
         std::string report = name + "() line " + std::to_string(platform().sent.at(0).line) +
-                             ":Failed to send/receive IPC message.(msgq_key=" + std::to_string(facts.queue_key) +
+                             ":Failed to send/receive IPC message.(msgq_key=" + std::to_string(facts_.queue_key) +
                              ", rc=" + printed_status + ")\r\n";
-        if (facts.send_line) {
+        if (facts_.send_line) {
             report += name + ":SYSFUN_SendRequestMsg fail! (" + printed_status + ")\n";
         }
         return report;
     }
 
+    const WireRow &row_ = GetParam();
+    const RequestFacts facts_ = request_facts(row_.sent_by);
     Arguments arguments_;
     std::string printed_;
 };
 
 TEST_P(FailedExchangeTest, IsReportedAndNotTriedAgain)
 {
-    const uint32_t code = GetParam().code.value();
+    const uint32_t code = row_.code.value();
 
-    const std::optional<uint64_t> returned = call_with({.status = failed_status, .poisoned = false, .from_type = {}});
+    const std::optional<uint64_t> returned = call_with({.status = failed_status, .poisoned = false});
 
     ASSERT_EQ(platform().sent.size(), 1);
     EXPECT_EQ(printed_, expected_report());
@@ -92,14 +92,11 @@ TEST_P(FailedExchangeTest, IsReportedAndNotTriedAgain)
 // A whole reply stands in the buffer when the platform fails: nothing but the status says so.
 TEST_P(FailedExchangeTest, LeavesTheOutputsAlone)
 {
-    const WireRow &row = GetParam();
-    const RequestFacts facts = request_facts(row.sent_by);
-
     const std::optional<uint64_t> returned =
-        call_with({.status = failed_status, .from_type = reply_from_type(row, facts)});
+        call_with({.status = failed_status, .from_type = reply_from_type(row_, facts_)});
 
-    EXPECT_EQ(returned, expected_return(row.reply_type));
-    const bool writes_type = facts.failure == Failure::status;
+    EXPECT_EQ(returned, expected_return(row_.reply_type));
+    const bool writes_type = facts_.failure == Failure::status;
     EXPECT_EQ(writes_type ? arguments_.wrong_after_success() : arguments_.wrong_after_failure(), "");
 }
 

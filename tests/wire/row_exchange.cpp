@@ -9,9 +9,25 @@
 #include "quillon/swdrv.h"
 #include "quillon/swdrvl3.h"
 #include "quillon/swdrvl4.h"
+#include "support/recording_platform.h"
 
 namespace quillon::test {
 namespace {
+
+struct Family {
+    std::string_view prefix;
+    void (*start_up)();
+};
+
+constexpr Family families[] = {
+    {"DEV_SWDRV_", DEV_SWDRV_PMGR_InitiateProcessResource},
+    {"DEV_AMTRDRV_", DEV_AMTRDRV_PMGR_InitiateProcessResource},
+    {"DEV_NICDRV_", [] { DEV_NICDRV_PMGR_InitiateProcessResource(); }},
+    {"DEV_SWDRVL4_", DEV_SWDRVL4_PMGR_InitiateProcessResource},
+    {"DEV_SWDRVL3_", DEV_SWDRVL3_PMGR_InitiateProcessResource},
+    {"DEV_NMTRDRV_", DEV_NMTRDRV_PMGR_InitiateProcessResource},
+    {"DEVRM_", DEVRM_PMGR_InitiateProcessResource},
+};
 
 void append_word(uint64_t value, int bytes, std::vector<TextByte> &to)
 {
@@ -61,15 +77,20 @@ std::vector<TextByte> reply_from_type(const WireRow &row, const RequestFacts &fa
     return reply;
 }
 
-void start_all_families()
+void *start_family_of(std::string_view function, uint32_t queue_key)
 {
-    DEV_SWDRV_PMGR_InitiateProcessResource();
-    DEV_AMTRDRV_PMGR_InitiateProcessResource();
-    DEV_NICDRV_PMGR_InitiateProcessResource();
-    DEV_SWDRVL4_PMGR_InitiateProcessResource();
-    DEV_SWDRVL3_PMGR_InitiateProcessResource();
-    DEV_NMTRDRV_PMGR_InitiateProcessResource();
-    DEVRM_PMGR_InitiateProcessResource();
+    platform().attaches.clear();
+    for (const Family &family : families) {
+        if (function.starts_with(family.prefix)) {
+            family.start_up();
+        }
+    }
+    for (const Attach &attach : platform().attaches) {
+        if (attach.key == queue_key) {
+            return attach.handle;
+        }
+    }
+    throw std::logic_error("the start-up of the family of " + std::string(function) + " leaves out its queue");
 }
 
 }  // namespace quillon::test

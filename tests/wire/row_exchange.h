@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "support/byte_text.h"
@@ -16,7 +17,7 @@ std::vector<TextByte> sent_envelope(const WireRow &row, const RequestFacts &fact
 // The reply's bytes from `type` on.
 std::vector<TextByte> reply_from_type(const WireRow &row, const RequestFacts &facts);
 
-// Attaches the process to the queues of all families.
-void start_all_families();
+// Runs the start-up of the family of `function` and of no other. Returns the handle that it got for `queue_key`.
+void *start_family_of(std::string_view function, uint32_t queue_key);
 
 }  // namespace quillon::test

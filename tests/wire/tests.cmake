@@ -20,6 +20,17 @@ quillon_recorded_test(wire_test
   wire/nmtrdrv_counters.cpp
   wire/nmtrdrv_statistics.cpp
   wire/swdrv_mapping.cpp
+  wire/swdrv_port_config.cpp
+  wire/swdrv_spanning_tree.cpp
+  wire/swdrv_vlan.cpp
+  wire/swdrv_frame_size.cpp
+  wire/swdrv_dot1q_tunnel.cpp
+  wire/swdrv_mirroring.cpp
+  wire/swdrv_trunk.cpp
+  wire/swdrv_igmp_trap.cpp
+  wire/swdrv_storm_control.cpp
+  wire/swdrv_priority.cpp
+  wire/swdrv_port_status.cpp
   wire/swdrvl4_cos_mapping.cpp
   wire/swdrvl4_port_isolation.cpp
   wire/swdrvl4_rate_and_scheduling.cpp

@@ -1,0 +1,139 @@
+#include "host/driver/event_log.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <iterator>
+#include <system_error>
+
+namespace quillon::driver {
+namespace {
+
+bool needs_quotes(std::string_view text)
+{
+    constexpr std::string_view plain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_.,:;/+@%()";
+    return text.find_first_not_of(plain) != std::string_view::npos;
+}
+
+std::string text_of(LogFields fields)
+{
+    std::string line;
+    for (const LogField &field : fields) {
+        if (const auto *text = std::get_if<std::string_view>(&field.value); text == nullptr) {
+            fmt::format_to(std::back_inserter(line), " {}={}", field.key, std::get<int64_t>(field.value));
+        } else if (text->empty()) {
+            continue;
+        } else if (needs_quotes(*text)) {
+            fmt::format_to(std::back_inserter(line), " {}={:?}", field.key, *text);
+        } else {
+            fmt::format_to(std::back_inserter(line), " {}={}", field.key, *text);
+        }
+    }
+    return line;
+}
+
+}  // namespace
+
+std::optional<Level> level_named(std::string_view name)
+{
+    const auto *found = std::find(std::begin(level_names), std::end(level_names), name);
+    if (found == std::end(level_names)) {
+        return std::nullopt;
+    }
+    return static_cast<Level>(found - std::begin(level_names));
+}
+
+EventLog::EventLog(int descriptor, Level least, Clock clock)
+    : descriptor_(descriptor),
+      least_(least),
+      clock_(std::move(clock)),
+      suppression_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    if (suppression_ < 0) {
+        throw std::system_error(errno, std::generic_category(), "eventfd");
+    }
+}
+
+EventLog::~EventLog()
+{
+    close(suppression_);
+}
+
+void EventLog::write(Level level, std::string_view event, LogFields fields)
+{
+    if (!writes(level)) {
+        return;
+    }
+    const std::string text = text_of(fields);
+    const std::lock_guard lock(mutex_);
+    write_line(level, event, text);
+}
+
+void EventLog::write_limited(Level level, std::string_view event, LogFields distinct, LogFields fields)
+{
+    if (!writes(level)) {
+        return;
+    }
+    const std::string identity = text_of(distinct);
+    const std::string text = identity + text_of(fields);
+    const std::lock_guard lock(mutex_);
+    if (!admit(std::string(event) + identity)) {
+        if (suppressed_++ == 0) {
+            eventfd_write(suppression_, 1);
+        }
+        return;
+    }
+    write_suppressed();
+    write_line(level, event, text);
+}
+
+bool EventLog::admit(const std::string &event)
+{
+    if (seen_.size() < most_distinct && seen_.insert(event).second) {
+        return true;
+    }
+    const auto now = clock_();
+    if (now - second_began_ >= std::chrono::seconds(1)) {
+        second_began_ = now;
+        repeats_ = 0;
+    }
+    return repeats_++ < most_repeats_a_second;
+}
+
+void EventLog::report_suppressed()
+{
+    const std::lock_guard lock(mutex_);
+    write_suppressed();
+}
+
+void EventLog::write_suppressed()
+{
+    if (suppressed_ == 0) {
+        return;
+    }
+    eventfd_t unused;
+    eventfd_read(suppression_, &unused);
+    write_line(Level::warning, "log-suppressed", fmt::format(" lines={}", suppressed_));
+    suppressed_ = 0;
+}
+
+// One write a line, so that lines of several processes on one terminal do not mix. A log that cannot be written is no
+// reason to stop serving.
+void EventLog::write_line(Level level, std::string_view event, std::string_view fields)
+{
+    const auto now = std::chrono::system_clock::now();
+    const auto milliseconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
+    const std::string line =
+        fmt::format("{:%Y-%m-%dT%H:%M:%S}.{:03}Z {} {}{}\n", fmt::gmtime(std::chrono::system_clock::to_time_t(now)),
+                    milliseconds, level_names[static_cast<size_t>(level)], event, fields);
+    while (::write(descriptor_, line.data(), line.size()) < 0 && errno == EINTR) {
+    }
+}
+
+}  // namespace quillon::driver

@@ -1,0 +1,10 @@
+#include "host/driver/handlers.h"
+
+namespace quillon::driver {
+
+void add_handlers(Dispatcher &dispatcher, SharedSwitch &model)
+{
+    add_swdrv_mapping(dispatcher, model);
+}
+
+}  // namespace quillon::driver

@@ -1,0 +1,15 @@
+// The handlers of the families' requests. Each function registers those of one topic; they translate between the wire
+// and the model, and decide nothing else.
+#pragma once
+
+#include "host/driver/dispatcher.h"
+#include "host/driver/model/switch.h"
+
+namespace quillon::driver {
+
+// All that the driver process answers. `model` must outlive the dispatcher.
+void add_handlers(Dispatcher &dispatcher, SharedSwitch &model);
+
+void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
+
+}  // namespace quillon::driver
