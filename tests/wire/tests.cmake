@@ -1,12 +1,3 @@
-set(client_headers amtrdrv.h devrm.h nicdrv.h nmtrdrv.h swdrv.h swdrvl3.h swdrvl4.h)
-list(TRANSFORM client_headers PREPEND ${PROJECT_SOURCE_DIR}/include/quillon/)
-set(declared_functions ${CMAKE_CURRENT_BINARY_DIR}/declared_functions.txt)
-add_custom_command(
-  OUTPUT ${declared_functions}
-  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/gates/declared_functions.py
-    --include ${PROJECT_SOURCE_DIR}/include --output ${declared_functions} ${client_headers}
-  DEPENDS gates/declared_functions.py ${client_headers})
-
 quillon_recorded_test(wire_test
   wire/coverage_test.cpp
   wire/exchange_test.cpp
@@ -17,6 +8,7 @@ quillon_recorded_test(wire_test
   wire/amtrdrv_lookup.cpp
   wire/amtrdrv_multicast.cpp
   wire/amtrdrv_walk.cpp
+  wire/devrm_rules.cpp
   wire/nmtrdrv_counters.cpp
   wire/nmtrdrv_statistics.cpp
   wire/swdrv_mapping.cpp
