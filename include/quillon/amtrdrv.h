@@ -22,6 +22,8 @@
 
 #include <stdint.h>
 
+#include "quillon/record.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -34,7 +36,7 @@ typedef struct AddrTblEntry {
     uint8_t bytes[16];
 } AddrTblEntry;
 
-typedef char quillon_assert_AddrTblEntry_size[sizeof(AddrTblEntry) == 16 ? 1 : -1];
+QUILLON_RECORD_SIZE(AddrTblEntry, 16);
 
 /* The most entries that one batch of the walk brings. */
 enum { QUILLON_ADDR_TBL_BATCH_ENTRIES = 150 };

@@ -18,6 +18,8 @@
 
 #include <stdint.h>
 
+#include "quillon/record.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -53,12 +55,12 @@ typedef struct StatsAbility {
     uint8_t bytes[10];
 } StatsAbility;
 
-typedef char quillon_assert_IfTableStats_size[sizeof(IfTableStats) == 96 ? 1 : -1];
-typedef char quillon_assert_IfXTableStats_size[sizeof(IfXTableStats) == 104 ? 1 : -1];
-typedef char quillon_assert_RmonStats_size[sizeof(RmonStats) == 136 ? 1 : -1];
-typedef char quillon_assert_EtherLikeStats_size[sizeof(EtherLikeStats) == 120 ? 1 : -1];
-typedef char quillon_assert_EtherLikePause_size[sizeof(EtherLikePause) == 24 ? 1 : -1];
-typedef char quillon_assert_StatsAbility_size[sizeof(StatsAbility) == 10 ? 1 : -1];
+QUILLON_RECORD_SIZE(IfTableStats, 96);
+QUILLON_RECORD_SIZE(IfXTableStats, 104);
+QUILLON_RECORD_SIZE(RmonStats, 136);
+QUILLON_RECORD_SIZE(EtherLikeStats, 120);
+QUILLON_RECORD_SIZE(EtherLikePause, 24);
+QUILLON_RECORD_SIZE(StatsAbility, 10);
 
 /* The most ports whose statistics one request brings. */
 enum { QUILLON_STATS_PORTS = 30 };
