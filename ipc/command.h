@@ -19,6 +19,8 @@ struct Queue {
 struct CommandDefaults {
     // The envelope is zeroed before it is filled.
     static constexpr bool cleared = true;
+    // The envelope is taken from the heap. Then it is not zeroed, whatever `cleared` says, but for its message type.
+    static constexpr bool on_heap = false;
     // What the caller gets when the exchange fails.
     static constexpr uint32_t failure = 0;
     // After a failed exchange the caller gets what then stands in `type`, not `failure`.

@@ -55,18 +55,18 @@ struct HeaderWithGap : Header {
 // bytes all the same, so the envelope has that room.
 inline constexpr uint32_t size_of_type = sizeof(Header::type);
 
-template <class Request, class Reply>
+template <class Request, class Reply, uint32_t Alignment = 8>
 inline constexpr uint32_t envelope_size = (sizeof(Header) + size_of_type +
-                                           std::max(member_size<Request>, member_size<Reply>) + 7) /
-                                          8 * 8;
+                                           std::max(member_size<Request>, member_size<Reply>) + Alignment - 1) /
+                                          Alignment *Alignment;
 
-template <class Request, class Reply, uint32_t DataOffset>
-struct alignas(8) Envelope {
+template <class Request, class Reply, uint32_t DataOffset, uint32_t Alignment = 8>
+struct alignas(Alignment) Envelope {
     static_assert(DataOffset == sizeof(Header) || DataOffset == sizeof(HeaderWithGap));
     static_assert(DataOffset % alignof(Request) == 0 && DataOffset % alignof(Reply) == 0,
                   "fields wider than the data area's alignment are copied as bytes");
 
-    static constexpr uint32_t size = envelope_size<Request, Reply>;
+    static constexpr uint32_t size = envelope_size<Request, Reply, Alignment>;
 
     // The members overlap: an output may come back in the place where an input was sent.
     union Data {

@@ -13,6 +13,7 @@
 #include "ipc/envelope.h"
 #include "ipc/failure_report.h"
 #include "ipc/queue_handle.h"
+#include "ipc/storage.h"
 #include "quillon/platform.h"
 
 namespace quillon::ipc {
@@ -41,7 +42,7 @@ auto into(T *destination)
     return [destination](const auto &reply) { *destination = reply.value; };
 }
 
-// One request and its reply in one buffer on the stack of the caller.
+// One request and its reply in one buffer, on the stack of the caller or, where the command says so, on the heap.
 //
 // A stub whose arguments fill the member as they are uses `call`. One that copies arrays fills the member in place.
 template <class C>
@@ -53,26 +54,40 @@ class Exchange {
 
     [[gnu::always_inline]] Exchange()
     {
-        if constexpr (C::cleared) {
+        if (!allocated()) [[unlikely]] {
+            return;
+        }
+        Header &header = envelope().header;
+        if constexpr (C::cleared && !C::on_heap) {
             // The header field by field and the rest as far as it travels: so the compiler merges the header's stores
             // and drops from the clearing what the member overwrites.
-            Header &header = envelope_.header;
             header = {.msg_type = {}, .cmd = C::module, .msg_size = C::msg_size, .reserved = 0, .type = C::code};
-            memset(reinterpret_cast<std::byte *>(&envelope_) + sizeof header, 0, behind_header);
+            memset(reinterpret_cast<std::byte *>(&envelope()) + sizeof header, 0, behind_header);
         } else {
-            envelope_.header.cmd = C::module;
-            envelope_.header.msg_size = C::msg_size;
-            envelope_.header.type = C::code;
+            if constexpr (C::on_heap) {
+                header.msg_type = {};
+            }
+            header.cmd = C::module;
+            header.msg_size = C::msg_size;
+            header.type = C::code;
         }
     }
 
-    [[gnu::always_inline]] Request &request() { return envelope_.data.request; }
+    // Without an envelope nothing can be filled, and `run` reports it.
+    [[gnu::always_inline]] bool allocated() const { return storage_.allocated(); }
+
+    [[gnu::always_inline]] Request &request() { return envelope().data.request; }
 
     // Sends the request. On success `output` copies what the caller wants out of the reply; it may take the result's
-    // low byte as a second argument. Returns the driver process's result, or the failure value after the report.
+    // low byte as a second argument, and takes it as its only one where the reply carries nothing else. Returns the
+    // driver process's result, or the failure value after the report.
     template <class Output = NoOutput>
     [[gnu::always_inline]] Result run(Output output = {}, Caller caller = Caller::here())
     {
+        if (!allocated()) [[unlikely]] {
+            report_allocation_failure(caller.function, caller.line, sizeof(Buffer));
+            return static_cast<Result>(C::failure);
+        }
         const uint32_t status = send(caller);
         if (status == 0) [[likely]] {
             take(output);
@@ -85,8 +100,8 @@ class Exchange {
     // The steps of `run`, for a stub that gives its caller something else than the result.
     [[gnu::always_inline]] uint32_t send(Caller caller)
     {
-        return __SYSFUN_SendRequestMsg(queue_handle<typename C::Queue>, &envelope_, wait_for_ever, event_mask,
-                                       C::reply_size, &envelope_, caller.function, caller.line);
+        return __SYSFUN_SendRequestMsg(queue_handle<typename C::Queue>, &envelope(), wait_for_ever, event_mask,
+                                       C::reply_size, &envelope(), caller.function, caller.line);
     }
 
     [[gnu::always_inline]] void report(uint32_t status, Caller caller) const
@@ -95,9 +110,13 @@ class Exchange {
                        C::send_line);
     }
 
-    [[gnu::always_inline]] uint32_t type() const { return envelope_.header.type; }
+    [[gnu::always_inline]] uint32_t type() { return envelope().header.type; }
 
   private:
+    // On the heap the envelope is as large as it has to be and no larger.
+    static constexpr uint32_t alignment = C::on_heap ? alignof(Header) : 8;
+    using Buffer = Envelope<Request, Reply, C::data_offset, alignment>;
+
     static constexpr uint32_t wait_for_ever = 0xFFFFFFFF;
     static constexpr uint32_t event_mask = 0x20000000;
     // As many bytes of the envelope travel besides its header, in one direction or the other.
@@ -107,15 +126,17 @@ class Exchange {
     [[gnu::always_inline]] void take(Output &output)
     {
         if constexpr (std::is_empty_v<Reply>) {
-            static_assert(std::is_same_v<Output, NoOutput>, "the reply carries nothing but the result");
+            output(static_cast<uint8_t>(type()));
         } else if constexpr (std::is_invocable_v<Output, const Reply &, uint8_t>) {
-            output(envelope_.data.reply, static_cast<uint8_t>(type()));
+            output(envelope().data.reply, static_cast<uint8_t>(type()));
         } else {
-            output(envelope_.data.reply);
+            output(envelope().data.reply);
         }
     }
 
-    Envelope<Request, Reply, C::data_offset> envelope_;
+    [[gnu::always_inline]] Buffer &envelope() { return storage_.envelope(); }
+
+    std::conditional_t<C::on_heap, HeapStorage<Buffer>, StackStorage<Buffer>> storage_;
 };
 
 // A request without a member.
@@ -133,7 +154,9 @@ requires(!std::is_empty_v<typename C::Request>)
                                             Caller caller = Caller::here())
 {
     Exchange<C> exchange;
-    new (&exchange.request()) typename C::Request(request);
+    if (exchange.allocated()) [[likely]] {
+        new (&exchange.request()) typename C::Request(request);
+    }
     return exchange.run(output, caller);
 }
 

@@ -40,6 +40,11 @@ void report_failure(const void *queue, const char *name, uint32_t line, uint32_t
     }
 }
 
+void report_allocation_failure(const char *name, uint32_t line, uint32_t size)
+{
+    printf("\n%s(%d): Failed to malloc %lu bytes", name, static_cast<int>(line), static_cast<unsigned long>(size));
+}
+
 void report_attach_failure(const char *name)
 {
     printf("%s(): SYSFUN_GetMsgQ fail.\n", name);

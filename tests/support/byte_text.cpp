@@ -108,6 +108,15 @@ std::string text_of(std::span<const uint8_t> bytes)
     return text;
 }
 
+std::string distinct_bytes(size_t size)
+{
+    std::vector<uint8_t> bytes;
+    for (size_t at = 0; at < size; ++at) {
+        bytes.push_back(static_cast<uint8_t>(at * 7 + at / 256));
+    }
+    return text_of(bytes);
+}
+
 std::string differences(std::span<const TextByte> expected, std::span<const uint8_t> found, size_t start)
 {
     constexpr int most = 16;

@@ -32,6 +32,9 @@ std::vector<uint8_t> closed_bytes_of(std::string_view text);
 // The reverse, for texts composed by a loop.
 std::string text_of(std::span<const uint8_t> bytes);
 
+// As many bytes as a text, none like its neighbours: copied from a wrong place, they show it.
+std::string distinct_bytes(size_t size);
+
 // The differences as lines "+28: expected 11, found 12", or an empty string. A surplus or missing end is a difference.
 std::string differences(std::span<const TextByte> expected, std::span<const uint8_t> found, size_t start = 0);
 

@@ -15,6 +15,7 @@ using Names = std::set<std::string>;
 // Work on memory of their own or of the platform: no request bears their name.
 const Names without_request = {
     "DEV_SWDRVL3_PMGR_Create_InterCSC_Relation",
+    "DEV_SWDRVL4_PMGR_GetSflowSampleCount",
 };
 
 bool is_request_function(const std::string &name)
