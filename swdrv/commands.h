@@ -341,4 +341,54 @@ using LinkScan_Update = Command<116, Empty, Empty, void>;
 using EnableHgPortAdmin = Command<10, Unused<8>>;  // counts 8 bytes that nobody fills
 using LINKSCAN_Register = Command<11>;
 
+// ---- Multicast, learning and CPU traps ----
+
+struct PortLearning {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 3> flags;
+    Unused<1> unused{};
+};
+
+struct MulticastMac {
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+    uint32_t value;
+};
+static_assert(offsetof(MulticastMac, value) == 8);
+
+struct IpMulticastTrap {
+    std::array<uint8_t, 2> flags;
+    Unused<2> unused{};
+    uint32_t value;
+};
+static_assert(offsetof(IpMulticastTrap, value) == 4);
+
+using EnableIPMC = Command<117, Word>;
+using DisableIPMC = Command<118, Word>;
+using IPMC_EnableSourcePortCheck = Command<119, Word>;
+using IPMC_DisableSourcePortCheck = Command<120, Word>;
+using IPMC_EnableSourceIPSearch = Command<121, Word>;
+using IPMC_DisableSourceIPSearch = Command<122, Word>;
+using EnablePortLearning = Command<123, Port>;
+using DisablePortLearning = Command<124, Port>;
+using SetPortLearningStatus = Command<125, PortLearning>;
+using EnableUMCASTIpTrap = Command<142>;
+using DisableUMCASTIpTrap = Command<143>;
+using EnableUMCASTMacTrap = Command<144>;
+using DisableUMCASTMacTrap = Command<145>;
+using AddIPv6MulticastAddress = Command<156, MulticastMac>;
+using DelIPv6MulticastAddress = Command<157, MulticastMac>;
+using EnableMLDTrap2CPU = Command<158, Unused<1>>;   // counts a byte that nobody fills; kept
+using DisableMLDTrap2CPU = Command<159, Unused<1>>;  // likewise
+using TrapMLDToCPU = Command<160, Flags<2>>;
+using EnableNDTrap2CPU = Command<162, Flag>;
+using DisableNDTrap2CPU = Command<163, Flag>;
+using SetRaAndRrTrap2CPU = Command<246, Flag>;
+using SetEapolFramePassThrough = Command<195, Flag>;
+using ModifyMaxFrameSize = Command<199, Flags<2>>;
+using GetPortMediaActive = Command<200, Port, Word>;
+using TrapUnknownIpMcastToCPU = Command<204, IpMulticastTrap>;
+using TrapUnknownIpv6McastToCPU = Command<205, Flags<2>>;
+
 }  // namespace quillon::swdrv

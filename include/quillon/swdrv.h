@@ -720,6 +720,138 @@ uint8_t DEV_SWDRV_PMGR_EnableHgPortAdmin(void);
  */
 uint8_t DEV_SWDRV_PMGR_LINKSCAN_Register(void);
 
+/* ---- Multicast, learning and CPU traps ---- */
+
+/*
+ * Switches IP multicast on in hardware.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIPMC(uint32_t value);
+
+/*
+ * Switches IP multicast off again.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIPMC(uint32_t value);
+
+/*
+ * Has IP multicast checked for the port that it came in by.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_EnableSourcePortCheck(uint32_t value);
+
+/*
+ * Ends the check for the port that IP multicast came in by.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_DisableSourcePortCheck(uint32_t value);
+
+/*
+ * Has the source address take part in the search for IP multicast.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_EnableSourceIPSearch(uint32_t value);
+
+/*
+ * Has IP multicast searched without its source address.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_DisableSourceIPSearch(uint32_t value);
+
+/*
+ * Has the port learn the source addresses of what it receives.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Ends the learning of source addresses at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Sets how the port learns source addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortLearningStatus(uint32_t unit, uint32_t port, uint8_t flag1, uint8_t flag2, uint8_t flag3);
+
+/*
+ * Traps packets to unknown IP multicast addresses to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUMCASTIpTrap(void);
+
+/*
+ * Ends the trapping of packets to unknown IP multicast addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUMCASTIpTrap(void);
+
+/*
+ * Traps frames to unknown multicast MAC addresses to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUMCASTMacTrap(void);
+
+/*
+ * Ends the trapping of frames to unknown multicast MAC addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUMCASTMacTrap(void);
+
+/*
+ * Adds an IPv6 multicast MAC address. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_AddIPv6MulticastAddress(const uint8_t *mac, uint32_t value);
+
+/*
+ * Deletes an IPv6 multicast MAC address. The arguments are those of DEV_SWDRV_PMGR_AddIPv6MulticastAddress.
+ */
+uint8_t DEV_SWDRV_PMGR_DelIPv6MulticastAddress(const uint8_t *mac, uint32_t value);
+
+/*
+ * Traps MLD packets to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableMLDTrap2CPU(void);
+
+/*
+ * Ends the trapping of MLD packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableMLDTrap2CPU(void);
+
+/*
+ * Sets how MLD packets are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapMLDToCPU(uint8_t value1, uint8_t value2);
+
+/*
+ * Traps IPv6 neighbour discovery packets to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableNDTrap2CPU(uint8_t value);
+
+/*
+ * Ends the trapping of IPv6 neighbour discovery packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableNDTrap2CPU(uint8_t value);
+
+/*
+ * Sets how RA and RR packets are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetRaAndRrTrap2CPU(uint8_t value);
+
+/*
+ * Sets whether EAPOL frames pass through the switch.
+ */
+uint8_t DEV_SWDRV_PMGR_SetEapolFramePassThrough(uint8_t value);
+
+/*
+ * Sets the maximum frame size.
+ */
+uint8_t DEV_SWDRV_PMGR_ModifyMaxFrameSize(uint8_t value1, uint8_t value2);
+
+/*
+ * Stores in `*media` the medium that is active at the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortMediaActive(uint32_t unit, uint32_t port, uint32_t *media);
+
+/*
+ * Sets how packets to unknown IPv4 multicast addresses are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapUnknownIpMcastToCPU(uint8_t value1, uint8_t value2, uint32_t value3);
+
+/*
+ * Sets how packets to unknown IPv6 multicast addresses are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapUnknownIpv6McastToCPU(uint8_t value1, uint8_t value2);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

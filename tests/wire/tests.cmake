@@ -24,6 +24,7 @@ quillon_recorded_test(wire_test
   wire/swdrv_storm_control.cpp
   wire/swdrv_priority.cpp
   wire/swdrv_port_status.cpp
+  wire/swdrv_multicast_traps.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
