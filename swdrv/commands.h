@@ -391,4 +391,95 @@ using GetPortMediaActive = Command<200, Port, Word>;
 using TrapUnknownIpMcastToCPU = Command<204, IpMulticastTrap>;
 using TrapUnknownIpv6McastToCPU = Command<205, Flags<2>>;
 
+// ---- VLAN rules, VLAN trunking and RSPAN ----
+
+struct ProtocolPortEntry {
+    static constexpr uint32_t max_templates = 11;
+
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t count;
+    ProtocolGroupKey key;
+    std::array<ProtocolTemplate, max_templates> templates;
+    Unused<5> unused{};
+};
+static_assert(offsetof(ProtocolPortEntry, key) == 20 && offsetof(ProtocolPortEntry, templates) == 32);
+
+struct AddedProtocolPortEntry {
+    ProtocolPortEntry entry;
+    Padded<uint8_t> value;
+};
+static_assert(offsetof(AddedProtocolPortEntry, value) == 92);
+
+struct ProtocolGroup {
+    uint32_t value1;
+    ProtocolTemplate protocol;
+    Unused<3> unused{};
+    uint32_t value2;
+};
+static_assert(offsetof(ProtocolGroup, value2) == 12);
+
+struct MacAddress {
+    std::array<uint8_t, 6> mac;
+};
+
+struct MacVlan {
+    std::array<uint8_t, 6> mac;
+    uint16_t vid;
+    uint8_t value;
+    Unused<1> unused{};
+};
+static_assert(offsetof(MacVlan, vid) == 6 && offsetof(MacVlan, value) == 8);
+
+struct IpSubnet {
+    uint32_t ip;
+    uint32_t mask;
+};
+
+struct IpSubnetVlan {
+    IpSubnet subnet;
+    uint16_t vid;
+    uint8_t value;
+    Unused<1> unused{};
+};
+static_assert(offsetof(IpSubnetVlan, value) == 10);
+
+struct VlanTrunking {
+    uint32_t value1;
+    uint32_t value2;
+    Padded<uint8_t> flag;
+};
+
+struct VlanListTrunking {
+    std::array<uint8_t, 512> vlan_list;
+    uint32_t value;
+    Padded<uint8_t> flag;
+};
+static_assert(offsetof(VlanListTrunking, value) == 512 && offsetof(VlanListTrunking, flag) == 516);
+
+struct RspanVlanTag {
+    uint32_t value1;
+    uint16_t value2;
+    uint16_t value3;
+};
+static_assert(offsetof(RspanVlanTag, value3) == 6);
+
+using AddDot1vProtocolPortEntry = Command<128, AddedProtocolPortEntry>;
+using DelDot1vProtocolPortEntry = Command<129, ProtocolPortEntry>;
+using SetDot1vProtocolGroupEntry = Command<130, ProtocolGroup>;
+using SetMacVlanEntry = Command<190, MacVlan>;
+using DeleteMacVlanEntry = Command<191, MacAddress>;
+using SetIpSubnetVlanEntry = Command<192, IpSubnetVlan>;
+using DeleteIpSubnetVlanEntry = Command<193, IpSubnet>;
+using SetDefaultVlanTrunking = Command<186>;
+using CreateVlanForVlanTrunking = Command<187, Words<2>>;
+using SetPortVlanTunkingByVLAN = Command<188, VlanTrunking>;
+using SetPortVlanTunkingByVlanList = Command<189, VlanListTrunking>;
+using SetCopyInnerPri2OuterPri = Command<194, Words<3>>;
+using SetRspanVlanTag = Command<196, RspanVlanTag>;
+using DisableRspanPortLearning = Command<197, Port>;
+using EnableRspanPortLearning = Command<198, Port>;
+
 }  // namespace quillon::swdrv

@@ -852,6 +852,113 @@ uint8_t DEV_SWDRV_PMGR_TrapUnknownIpMcastToCPU(uint8_t value1, uint8_t value2, u
  */
 uint8_t DEV_SWDRV_PMGR_TrapUnknownIpv6McastToCPU(uint8_t value1, uint8_t value2);
 
+/* ---- VLAN rules, VLAN trunking and RSPAN ---- */
+
+/*
+ * Records that requests of this group carry. What stands inside is between the caller and the driver process: the bytes
+ * are copied as they are.
+ */
+
+/* A protocol of protocol-based VLANs (802.1v). */
+typedef struct ProtocolTemplate {
+    uint8_t bytes[5];
+} ProtocolTemplate;
+typedef char ProtocolTemplate_has_5_bytes[sizeof(ProtocolTemplate) == 5 ? 1 : -1];
+
+/* Names an entry of a protocol group: eight bytes followed by a number of 32 bits. */
+typedef struct ProtocolGroupKey {
+    uint8_t bytes[12];
+} ProtocolGroupKey;
+typedef char ProtocolGroupKey_has_12_bytes[sizeof(ProtocolGroupKey) == 12 ? 1 : -1];
+
+/*
+ * Puts frames of some protocols, received at a port, in a VLAN.
+ *
+ * `count` templates of 5 bytes each stand one behind the other at `templates`, laid out as ProtocolTemplate. The caller
+ * keeps `count` at 11 or below: the function does not test it (a debug build of the library stops), and more templates
+ * than that overrun the request on the calling task's stack. With `count` 0 `templates` is not looked at and may be
+ * null. `key` points to the name of the group entry.
+ */
+uint8_t DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                 uint32_t count, const ProtocolGroupKey *key, uint8_t value3,
+                                                 const uint8_t *templates);
+
+/*
+ * Takes back what DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry set. The arguments are the same, with the same bounds,
+ * without `value3`.
+ */
+uint8_t DEV_SWDRV_PMGR_DelDot1vProtocolPortEntry(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                 uint32_t count, const ProtocolGroupKey *key, const uint8_t *templates);
+
+/*
+ * Sets an entry of a protocol group to the protocol that `protocol` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(uint32_t value1, const ProtocolTemplate *protocol, uint32_t value2);
+
+/*
+ * Puts frames from a MAC address in VLAN `vid`. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMacVlanEntry(const uint8_t *mac, uint16_t vid, uint8_t value);
+
+/*
+ * Deletes the VLAN of a MAC address. `mac` points to its 6 bytes.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteMacVlanEntry(const uint8_t *mac);
+
+/*
+ * Puts frames from an IPv4 subnet in VLAN `vid`. `ip` and `mask` are numbers and are passed on without a change of
+ * their byte order.
+ */
+uint8_t DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(uint32_t ip, uint32_t mask, uint16_t vid, uint8_t value);
+
+/*
+ * Deletes the VLAN of an IPv4 subnet. `ip` and `mask` are those it was set with.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(uint32_t ip, uint32_t mask);
+
+/*
+ * Sets VLAN trunking to its default.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDefaultVlanTrunking(void);
+
+/*
+ * Creates a VLAN for VLAN trunking. `value1` and the number that `value2` points to are passed to the driver process as
+ * they are; nothing is written back.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateVlanForVlanTrunking(uint32_t value1, const uint32_t *value2);
+
+/*
+ * Sets VLAN trunking at a port for one VLAN. In the request `value2` stands before `flag`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN(uint32_t value1, uint8_t flag, uint32_t value2);
+
+/*
+ * Sets VLAN trunking for a list of VLANs. `vlan_list` points to a bitmap of 512 bytes, one bit for each VLAN id from 0
+ * to 4,095; in the request it stands before the others. The number that `value` points to and `flag` are passed to the
+ * driver process as they are; nothing is written back.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortVlanTunkingByVlanList(const uint32_t *value, uint8_t flag, const void *vlan_list);
+
+/*
+ * Sets whether the priority of the inner tag is copied to the outer one.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Sets the tag of remote mirroring (RSPAN).
+ */
+uint8_t DEV_SWDRV_PMGR_SetRspanVlanTag(uint32_t value1, uint16_t value2, uint16_t value3);
+
+/*
+ * Ends the learning of source addresses from remote mirroring (RSPAN) at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableRspanPortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Has the port learn source addresses from remote mirroring (RSPAN).
+ */
+uint8_t DEV_SWDRV_PMGR_EnableRspanPortLearning(uint32_t unit, uint32_t port);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

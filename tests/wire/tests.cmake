@@ -25,6 +25,7 @@ quillon_recorded_test(wire_test
   wire/swdrv_priority.cpp
   wire/swdrv_port_status.cpp
   wire/swdrv_multicast_traps.cpp
+  wire/swdrv_vlan_rules.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
