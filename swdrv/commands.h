@@ -482,4 +482,45 @@ using SetRspanVlanTag = Command<196, RspanVlanTag>;
 using DisableRspanPortLearning = Command<197, Port>;
 using EnableRspanPortLearning = Command<198, Port>;
 
+// ---- Stacking and topology ----
+
+struct ComboForcedMode {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+};
+
+struct WordFlag {
+    uint32_t word;
+    Padded<uint8_t> flag;
+};
+
+struct UnitId {
+    uint32_t value;
+    Unused<4> unused{};
+};
+
+using SetPortComboForcedMode = Command<131, ComboForcedMode>;
+using SetPortIfmode = Command<300, PortWord>;
+using ShutdownSwitch = Command<132, Empty, Empty, void>;
+using UpdateHerculesUCTable = Command<133, TopologyRecord>;
+using ConfigTopologyInfo = Command<134, TopologyRecord>;
+using Physical2LogicalPortByUnitID_DeviceID = Command<135, Words<3>, Port>;
+using GetUnitId = Command<136, Unused<12>, UnitId>;  // counts 12 bytes that nobody fills; kept
+using GetStackChipDeviceID = Command<137, Empty, Word>;
+using GetDstUnitInfo = Command<138, Words<2>, Words<2>, void>;
+using HiGigRemoteLoopbackSet = Command<139, Words<3>, Empty, void>;
+using Get5670linkport = Command<140, Word, Word>;
+using GetCopperEnergyDetect = Command<141, Port, Word>;
+using SetFiberPortAutoNeg = Command<146, PortWord>;
+using GetFabricportByUnitPosition = Command<148, Word, Word, void>;
+using GetFabricPortToDstUnit = Command<149, Word, Word, void>;
+using GetMasterModuleID = Command<150, Empty, Word>;
+using GetModuleInfoByUnit = Command<151, WordFlag, Word>;
+using GetLocalCrossBarDeviceId = Command<152, Empty, Word>;
+using VID_BREAK = Command<154, Empty, Empty, void>;
+using GetNextSwitchChipId = Command<155, Word, Word>;
+using GetForwardingStackingPortBitMap = Command<164, Empty, Word, void>;
+
 }  // namespace quillon::swdrv

@@ -959,6 +959,137 @@ uint8_t DEV_SWDRV_PMGR_DisableRspanPortLearning(uint32_t unit, uint32_t port);
  */
 uint8_t DEV_SWDRV_PMGR_EnableRspanPortLearning(uint32_t unit, uint32_t port);
 
+/* ---- Stacking and topology ---- */
+
+/* What the topology task knows of the stack. The bytes are copied to the driver process as they are. */
+typedef struct TopologyRecord {
+    uint8_t bytes[13];
+} TopologyRecord;
+typedef char TopologyRecord_has_13_bytes[sizeof(TopologyRecord) == 13 ? 1 : -1];
+
+/*
+ * Sets the medium that a combo port is held to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortComboForcedMode(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2);
+
+/*
+ * Sets the interface mode of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortIfmode(uint32_t unit, uint32_t port, uint32_t ifmode);
+
+/*
+ * Shuts the switch down. Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_ShutdownSwitch(void);
+
+/*
+ * Brings the unicast table of the fabric chip up to the topology that `topology` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_UpdateHerculesUCTable(const TopologyRecord *topology);
+
+/*
+ * Tells the driver process the topology that `topology` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_ConfigTopologyInfo(const TopologyRecord *topology);
+
+/*
+ * Translates a port, named by its unit, its device on that unit and its number on that device, into a logical one:
+ * stores its unit in `*unit` and its logical port in `*port`.
+ */
+uint8_t DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID(uint32_t unit_id, uint32_t device_id, uint32_t phy_port,
+                                                             uint32_t *unit, uint32_t *port);
+
+/*
+ * Stores the number of the local unit in `*unit_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetUnitId(uint32_t *unit_id);
+
+/*
+ * Stores in `*device_id` the device id of the chip that has the stacking ports.
+ */
+uint8_t DEV_SWDRV_PMGR_GetStackChipDeviceID(uint32_t *device_id);
+
+/*
+ * Asks how a unit of the stack is reached and stores the two numbers of the answer in `*info1` and `*info2`.
+ *
+ * Returns nothing: after a failed exchange the outputs are as they were.
+ */
+void DEV_SWDRV_PMGR_GetDstUnitInfo(uint32_t value1, uint32_t value2, uint32_t *info1, uint32_t *info2);
+
+/*
+ * Sets the loopback at the far end of a HiGig link.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Stores a link port of the fabric chip in `*link_port`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get5670linkport(uint32_t value, uint32_t *link_port);
+
+/*
+ * Stores in `*energy` whether the copper side of the port detects energy on its cable, as the driver process puts it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCopperEnergyDetect(uint32_t unit, uint32_t port, uint32_t *energy);
+
+/*
+ * Sets the auto-negotiation of a fibre port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetFiberPortAutoNeg(uint32_t unit, uint32_t port, uint32_t auto_neg);
+
+/*
+ * Stores in `*fabric_port` the fabric port of the unit at `unit_position`.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetFabricportByUnitPosition(uint32_t unit_position, uint32_t *fabric_port);
+
+/*
+ * Stores in `*fabric_port` the fabric port by which unit `dst_unit` is reached.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetFabricPortToDstUnit(uint32_t dst_unit, uint32_t *fabric_port);
+
+/*
+ * Stores the module id of the stack's master in `*module_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetMasterModuleID(uint32_t *module_id);
+
+/*
+ * Stores in `*info` what is asked about the modules of `unit`. `value` selects it and is passed to the driver process
+ * as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_GetModuleInfoByUnit(uint32_t unit, uint8_t value, uint32_t *info);
+
+/*
+ * Stores in `*device_id` the device id of the local unit's cross-bar.
+ */
+uint8_t DEV_SWDRV_PMGR_GetLocalCrossBarDeviceId(uint32_t *device_id);
+
+/*
+ * Sends the VID_BREAK request, which carries nothing; its meaning is the driver process's.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_VID_BREAK(void);
+
+/*
+ * Makes one step of a walk over the switch chips: sends the id in `*chip_id` and replaces it with the next one.
+ *
+ * Returns 0 when the driver process refused, as at the end of the walk; `*chip_id` is then replaced all the same. After
+ * a failed exchange it is as it was.
+ */
+uint8_t DEV_SWDRV_PMGR_GetNextSwitchChipId(uint32_t *chip_id);
+
+/*
+ * Stores in `*bitmap` the stacking ports that forward, one bit for each.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetForwardingStackingPortBitMap(uint32_t *bitmap);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus
