@@ -523,4 +523,86 @@ using VID_BREAK = Command<154, Empty, Empty, void>;
 using GetNextSwitchChipId = Command<155, Word, Word>;
 using GetForwardingStackingPortBitMap = Command<164, Empty, Word, void>;
 
+// ---- PHY, cable and port diagnostics ----
+
+struct HalfWord {
+    uint16_t value;
+};
+
+struct PortHalfWord {
+    uint32_t unit;
+    uint32_t port;
+    Padded<uint16_t> value;
+};
+
+struct PortFlagPair {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 2> flags;
+    Unused<2> unused{};
+};
+
+struct PortMac {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+};
+
+struct PhyRegOps {
+    static constexpr uint32_t op_size = 6;
+    static constexpr uint32_t max_ops = 10;
+
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, max_ops * op_size> ops;
+    uint32_t num_of_ops;
+};
+static_assert(offsetof(PhyRegOps, num_of_ops) == 68);
+
+struct EgressBlock {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint64_t, 2> egress_bitmap;
+};
+static_assert(offsetof(EgressBlock, egress_bitmap) == 8);
+
+struct CpldVersion {
+    uint8_t first;
+    Unused<1> unused1{};
+    uint8_t second;
+    Unused<1> unused2{};
+};
+static_assert(offsetof(CpldVersion, second) == 2);
+
+using Set1000BaseTPortTestMode = Command<167, PortHalfWord>;
+using Get1000BaseTPortTestMode = Command<168, Port, HalfWord>;
+using Set1000BaseTTransmitterType = Command<169, PortHalfWord>;
+using Get1000BaseTTransmitterType = Command<170, Port, HalfWord>;
+using GetAutoMDIXmode = Command<172, Port, Word>;
+using SocPciWrite = Command<175, Words<3>, Empty, uint32_t>;
+using SetPortPowerSave = Command<176, PortFlagPair>;
+using GetCableDiag = Command<177, Port, CableDiagRecord>;
+using GetCableDiagResult = Command<178, Port, CableDiagResultRecord>;
+using EnableInternalLoopback = Command<179, Word>;
+using DisableInternalLoopback = Command<180, Word>;
+using IsPortLoopbacking = Command<181, Word>;
+using SetPortAuthMode = Command<184, PortWord>;
+using UpdatePortMapping = Command<185, Flag>;
+using SetPortMacAddr = Command<256, PortMac>;
+using SetCpuRateLimit = Command<262, Words<2>>;
+using GetPortAbility = Command<263, Port, Word>;
+using DoPHYRegsTransactions = Command<255, PhyRegOps>;
+using GetMIIPhyRegByPage = Command<245, Words<7>, HalfWord>;
+using GetAllPortAverageTemperature = Command<264, Empty, Word>;
+using SetCpuPortRate = Command<265, WordFlag>;
+using SetPortEgressBlock = Command<266, EgressBlock>;
+using SetPortTrafficTxRx = Command<289, PortFlag>;
+using SetPortStationMoveAction = Command<292, PortFlagPair>;
+using GetCPLDSoftwareVersion = Command<293, Word, CpldVersion>;
+using SetPortSfpConnector = Command<294, PortFlag>;
+using SetPortFec = Command<298, PortWord>;
+using GetPortFecStatus = Command<299, Port, Word>;
+using GetDeviceTemperature = Command<301, Empty, Word>;
+
 }  // namespace quillon::swdrv

@@ -1090,6 +1090,189 @@ uint8_t DEV_SWDRV_PMGR_GetNextSwitchChipId(uint32_t *chip_id);
  */
 void DEV_SWDRV_PMGR_GetForwardingStackingPortBitMap(uint32_t *bitmap);
 
+/* ---- PHY, cable and port diagnostics ---- */
+
+/*
+ * Results of cable diagnostics. What the numbers say is the driver process's: the bytes are copied as they are.
+ */
+
+/* Three numbers of 64 bits followed by one of 32. */
+typedef struct CableDiagRecord {
+    uint8_t bytes[28];
+} CableDiagRecord;
+typedef char CableDiagRecord_has_28_bytes[sizeof(CableDiagRecord) == 28 ? 1 : -1];
+
+/* Three numbers of 64 bits. */
+typedef struct CableDiagResultRecord {
+    uint8_t bytes[24];
+} CableDiagResultRecord;
+typedef char CableDiagResultRecord_has_24_bytes[sizeof(CableDiagResultRecord) == 24 ? 1 : -1];
+
+/*
+ * Puts a 1000BASE-T port in a test mode.
+ */
+uint8_t DEV_SWDRV_PMGR_Set1000BaseTPortTestMode(uint32_t unit, uint32_t port, uint16_t test_mode);
+
+/*
+ * Stores the test mode of a 1000BASE-T port in `*test_mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get1000BaseTPortTestMode(uint32_t unit, uint32_t port, uint16_t *test_mode);
+
+/*
+ * Sets the transmitter type of a 1000BASE-T port.
+ */
+uint8_t DEV_SWDRV_PMGR_Set1000BaseTTransmitterType(uint32_t unit, uint32_t port, uint16_t transmitter_type);
+
+/*
+ * Stores the transmitter type of a 1000BASE-T port in `*transmitter_type`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get1000BaseTTransmitterType(uint32_t unit, uint32_t port, uint16_t *transmitter_type);
+
+/*
+ * Stores in `*mode` the auto-MDIX mode of the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAutoMDIXmode(uint32_t unit, uint32_t port, uint32_t *mode);
+
+/*
+ * Writes to the switch chip over PCI.
+ *
+ * Returns all 32 bits of the driver process's result, and 0 after a failed exchange.
+ */
+uint32_t DEV_SWDRV_PMGR_SocPciWrite(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Sets the power saving of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortPowerSave(uint32_t unit, uint32_t port, uint8_t value1, uint8_t value2);
+
+/*
+ * Runs the diagnostics of the port's cable and stores what they found in `*record`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCableDiag(uint32_t unit, uint32_t port, CableDiagRecord *record);
+
+/*
+ * Stores the result of the diagnostics of the port's cable in `*record`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCableDiagResult(uint32_t unit, uint32_t port, CableDiagResultRecord *record);
+
+/*
+ * Sets an internal loopback.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableInternalLoopback(uint32_t value);
+
+/*
+ * Takes an internal loopback back.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableInternalLoopback(uint32_t value);
+
+/*
+ * Asks whether there is an internal loopback.
+ *
+ * Returns the answer itself: 1 for yes, 0 for no. A failed exchange gives 0 as well; only its report tells.
+ */
+uint8_t DEV_SWDRV_PMGR_IsPortLoopbacking(uint32_t value);
+
+/*
+ * Sets the authentication mode of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAuthMode(uint32_t unit, uint32_t port, uint32_t auth_mode);
+
+/*
+ * Has the driver process work its port mapping out anew. `value` is passed to it as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_UpdatePortMapping(uint8_t value);
+
+/*
+ * Sets the MAC address of the port. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMacAddr(uint32_t unit, uint32_t port, const uint8_t mac[6]);
+
+/*
+ * Limits the rate of what goes to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCpuRateLimit(uint32_t value1, uint32_t value2);
+
+/*
+ * Stores in `*ability` what the port is able to do, as the driver process encodes it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAbility(uint32_t unit, uint32_t port, uint32_t *ability);
+
+/*
+ * Has the driver process carry out up to 10 operations on the registers of the port's PHY. `phy_reg_ops` points to
+ * `num_of_ops` operations of 6 bytes each, one behind the other, whose layout is the driver process's. Nothing is
+ * written back to them: what an operation reads does not come back by this way. Of `num_of_ops` the low 32 bits count.
+ *
+ * Returns 0 at once, without asking the driver process, and prints a line
+ * - "DEV_SWDRV_PMGR_DoPHYRegsTransactions(<line>)num_of_ops(<num_of_ops>) too large. (max value=10)" when there are
+ *   more than 10,
+ * - otherwise "DEV_SWDRV_PMGR_DoPHYRegsTransactions(<line>)phy_reg_ops is NULL" when `phy_reg_ops` is null, also when
+ *   there are none.
+ */
+uint8_t DEV_SWDRV_PMGR_DoPHYRegsTransactions(uint32_t unit, uint32_t port, const uint8_t *phy_reg_ops,
+                                             uint64_t num_of_ops);
+
+/*
+ * Reads a paged register of a PHY over MII and stores it in `*reg`. The seven values say which; they are passed to the
+ * driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_GetMIIPhyRegByPage(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
+                                          uint32_t value5, uint32_t value6, uint32_t value7, uint16_t *reg);
+
+/*
+ * Stores the average temperature of all ports in `*temperature`, in the driver process's unit.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortAverageTemperature(uint32_t *temperature);
+
+/*
+ * Sets the rate of the CPU port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCpuPortRate(uint32_t value1, uint8_t value2);
+
+/*
+ * Sets the ports to which the port does not send. `egress_bitmap` points to two words, 128 bits, which are passed to
+ * the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortEgressBlock(uint32_t unit, uint32_t port, const uint64_t egress_bitmap[2]);
+
+/*
+ * Sets whether the port sends and receives.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortTrafficTxRx(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Sets what happens when a known address shows up at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortStationMoveAction(uint32_t unit, uint32_t port, uint8_t value1, uint8_t value2);
+
+/*
+ * Writes the version of the CPLD's program to `dst` as text: two numbers of two hexadecimal digits with a point between
+ * them, such as "01.0a". `dst` has room for 6 characters.
+ *
+ * Returns 0 at once, without asking the driver process and without a report, when `dst` is null. When the driver
+ * process refuses, `dst` is as it was.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCPLDSoftwareVersion(uint32_t value, char *dst);
+
+/*
+ * Sets the SFP connector of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSfpConnector(uint32_t unit, uint32_t port, uint8_t value);
+
+/*
+ * Sets the forward error correction of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortFec(uint32_t unit, uint32_t port, uint32_t fec);
+
+/*
+ * Stores in `*status` the forward error correction of the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFecStatus(uint32_t unit, uint32_t port, uint32_t *status);
+
+/*
+ * Stores the temperature of the device in `*temperature`, in the driver process's unit.
+ */
+uint8_t DEV_SWDRV_PMGR_GetDeviceTemperature(uint32_t *temperature);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus
