@@ -605,4 +605,124 @@ using SetPortFec = Command<298, PortWord>;
 using GetPortFecStatus = Command<299, Port, Word>;
 using GetDeviceTemperature = Command<301, Empty, Word>;
 
+// ---- OAM, trunk hashing and event delivery ----
+
+struct DoubleWord {
+    uint64_t value;
+};
+
+struct OamEnable {
+    uint8_t oam_sel;
+    uint8_t enable;
+    Unused<6> unused{};
+};
+
+struct OamEntry {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+    OamEntryRecord record;
+};
+static_assert(offsetof(OamEntry, entry_index) == 4 && offsetof(OamEntry, record) == 16);
+
+struct OamOpcodeProfile {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+    uint32_t param3;
+};
+static_assert(offsetof(OamOpcodeProfile, entry_index) == 4);
+
+struct OamAgingPeriod {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+};
+static_assert(offsetof(OamAgingPeriod, entry_index) == 4);
+
+struct OamKeepalive {
+    uint8_t oam_sel;
+    uint8_t enable;
+    Unused<2> unused{};
+    uint32_t entry_index;
+};
+static_assert(offsetof(OamKeepalive, entry_index) == 4);
+
+struct OamException {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    Padded<uint8_t> enable;
+};
+static_assert(offsetof(OamException, entry_index) == 4);
+
+struct OamExceptionRecovery {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    Unused<4> unused{};
+};
+static_assert(offsetof(OamExceptionRecovery, entry_index) == 4);
+
+struct OamExceptionGroup {
+    uint32_t value;
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+};
+static_assert(offsetof(OamExceptionGroup, entry_index) == 8);
+
+struct OamExceptionEntry {
+    uint32_t value;
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+};
+static_assert(offsetof(OamExceptionEntry, entry_index) == 8);
+
+struct TrunkHashCrc {
+    uint32_t value;
+    uint32_t entry_index;
+    TrunkHashCrcRecord record;
+};
+
+struct OamBinding {
+    static constexpr int8_t bind = 1;
+
+    Padded<uint8_t> operation;
+    uint32_t param1;
+    uint32_t param2;
+};
+static_assert(offsetof(OamBinding, param1) == 4);
+
+struct OamWait {
+    uint32_t event;
+    Unused<4> unused{};
+    uint64_t event_handle;
+    Padded<uint8_t> wait_forever;
+    uint32_t timeout;
+};
+static_assert(offsetof(OamWait, event_handle) == 8 && offsetof(OamWait, wait_forever) == 16 &&
+              offsetof(OamWait, timeout) == 20);
+
+using Receive_All = Command<165, Word, Empty, void>;
+using SetOamPduToCpu = Command<220, PortFlag>;
+using SetOamLoopback = Command<221, PortFlag>;
+using SetOamEnable = Command<224, OamEnable>;
+using SetOamEntry = Command<225, OamEntry>;
+using SetOamOpcodeProfilePktCmdEntry = Command<226, OamOpcodeProfile>;
+using SetOamAgingDaemonEnable = Command<227, OamEnable>;
+using SetOamAgingPeriodEntry = Command<228, OamAgingPeriod>;
+using SetOamKeepaliveForPacketCommandEnable = Command<229, OamKeepalive>;
+using SetOamExceptionConfig = Command<230, OamException>;
+using SetOamExceptionRecoveryConfig = Command<231, OamExceptionRecovery>;
+using GetOamExceptionGroupStatus = Command<232, OamExceptionGroup, DoubleWord>;
+using GetOamExceptionStatus = Command<233, OamExceptionEntry, Word>;
+using SetTrunkHashGlobalMode = Command<234, Word>;
+using SetTrunkHashCrcEntry = Command<235, TrunkHashCrc>;
+using EventBindUnbindOam = Command<236, OamBinding, DoubleWord>;
+using WaitAndReceiveOam = Command<237, OamWait>;
+
 }  // namespace quillon::swdrv

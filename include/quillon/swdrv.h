@@ -1273,6 +1273,127 @@ uint8_t DEV_SWDRV_PMGR_GetPortFecStatus(uint32_t unit, uint32_t port, uint32_t *
  */
 uint8_t DEV_SWDRV_PMGR_GetDeviceTemperature(uint32_t *temperature);
 
+/* ---- OAM, trunk hashing and event delivery ---- */
+
+/*
+ * `oam_sel`, `entry_index` and the parameters of this group are passed to the driver process as they are. `enable` is 1
+ * or 0.
+ */
+
+/* Settings of an OAM entry: 56 bytes followed by a number of 32 bits, copied to the driver process as they are. */
+typedef struct OamEntryRecord {
+    uint8_t bytes[60];
+} OamEntryRecord;
+typedef char OamEntryRecord_has_60_bytes[sizeof(OamEntryRecord) == 60 ? 1 : -1];
+
+/* A CRC hash entry: 48 bytes followed by a number of 32 bits, copied to the driver process as they are. */
+typedef struct TrunkHashCrcRecord {
+    uint8_t bytes[52];
+} TrunkHashCrcRecord;
+typedef char TrunkHashCrcRecord_has_52_bytes[sizeof(TrunkHashCrcRecord) == 52 ? 1 : -1];
+
+/*
+ * Hands `mode` to the driver process.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_Receive_All(uint32_t mode);
+
+/*
+ * Sets whether OAM PDUs that the port receives are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamPduToCpu(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Sets whether the port is in OAM loopback.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamLoopback(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Switches the OAM engine on or off.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamEnable(uint8_t oam_sel, uint8_t enable);
+
+/*
+ * Sets an entry of the OAM engine to what `record` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint32_t param2,
+                                   const OamEntryRecord *record);
+
+/*
+ * Sets what becomes of packets of an opcode, in a profile of the OAM engine. The name has no underscore behind the
+ * prefix, unlike all others.
+ */
+uint8_t DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
+                                                     uint32_t param2, uint32_t param3);
+
+/*
+ * Switches the OAM engine's aging daemon on or off.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamAgingDaemonEnable(uint8_t oam_sel, uint8_t enable);
+
+/*
+ * Sets an aging period of the OAM engine.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint32_t param2);
+
+/*
+ * Sets whether the OAM engine takes an entry's packets for signs of life. In the request `enable` stands before
+ * `entry_index`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable(uint8_t oam_sel, uint32_t entry_index, uint8_t enable);
+
+/*
+ * Sets the detection of an OAM exception.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamExceptionConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint8_t enable);
+
+/*
+ * Sets the recovery from an OAM exception.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1);
+
+/*
+ * Stores the exceptions of a group of OAM entries in `*status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index,
+                                                  uint64_t *status);
+
+/*
+ * Stores the exceptions of an OAM entry in `*status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetOamExceptionStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
+                                             uint32_t *status);
+
+/*
+ * Sets how traffic is spread over the ports of trunks.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(uint32_t mode);
+
+/*
+ * Sets a CRC hash entry of the trunks to what `record` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index, const TrunkHashCrcRecord *record);
+
+/*
+ * Binds the calling task to OAM events (`operation` 1) or takes the binding back. `param1` and `param2` say which
+ * events.
+ *
+ * With `operation` 1 the handle of the binding is stored in `*event_handle`, unless `event_handle` is null. With any
+ * other operation `event_handle` is not looked at.
+ */
+uint8_t DEV_SWDRV_PMGR_EventBindUnbindOam(int8_t operation, uint32_t param1, uint32_t param2, uint64_t *event_handle);
+
+/*
+ * Waits until the driver process has an OAM event for the caller. `event_handle` is the handle that
+ * DEV_SWDRV_PMGR_EventBindUnbindOam gave. The number that `timeout` points to bounds the wait, in the driver process's
+ * unit; with a null `timeout` it waits for ever.
+ *
+ * The calling thread is held until the driver process answers, so this is called from a thread of its own; other
+ * threads go on making requests meanwhile.
+ */
+uint8_t DEV_SWDRV_PMGR_WaitAndReceiveOam(uint32_t event, uint64_t event_handle, const uint32_t *timeout);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

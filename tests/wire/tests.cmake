@@ -28,6 +28,7 @@ quillon_recorded_test(wire_test
   wire/swdrv_vlan_rules.cpp
   wire/swdrv_stacking.cpp
   wire/swdrv_phy.cpp
+  wire/swdrv_oam.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
