@@ -725,4 +725,87 @@ using SetTrunkHashCrcEntry = Command<235, TrunkHashCrc>;
 using EventBindUnbindOam = Command<236, OamBinding, DoubleWord>;
 using WaitAndReceiveOam = Command<237, OamWait>;
 
+// ---- TWSI buses and PoE controller ----
+
+struct TwsiDataToWrite {
+    uint8_t bus_idx;
+    uint8_t dev_id;
+    uint8_t sel_a;
+    uint8_t sel_b;
+    uint32_t word;
+    uint8_t sel_c;
+    std::array<uint8_t, 255> data;
+    uint8_t len;
+    Unused<3> unused{};
+};
+static_assert(offsetof(TwsiDataToWrite, word) == 4 && offsetof(TwsiDataToWrite, data) == 9 &&
+              offsetof(TwsiDataToWrite, len) == 264);
+
+// Not the layout of the write: the device has a word of its own here.
+struct TwsiDataToRead {
+    Padded<uint8_t> bus_idx;
+    uint32_t dev_id;
+    uint8_t sel_a;
+    uint8_t sel_b;
+    Unused<2> unused1{};
+    uint32_t word;
+    uint8_t sel_c;
+    uint8_t len;
+    Unused<6> unused2{};
+};
+static_assert(offsetof(TwsiDataToRead, dev_id) == 4 && offsetof(TwsiDataToRead, word) == 12 &&
+              offsetof(TwsiDataToRead, len) == 17);
+
+struct TwsiBytesToWrite {
+    uint8_t dev_id;
+    Unused<1> unused1{};
+    uint16_t offset16;
+    std::array<uint8_t, 256> data;
+    Padded<uint16_t> len;
+    Unused<8> unused2{};
+};
+static_assert(offsetof(TwsiBytesToWrite, offset16) == 2 && offsetof(TwsiBytesToWrite, data) == 4 &&
+              offsetof(TwsiBytesToWrite, len) == 260);
+
+struct TwsiBytesToRead {
+    uint8_t dev_id;
+    Unused<1> unused1{};
+    uint16_t offset16;
+    Padded<uint16_t> len;
+    Unused<8> unused2{};
+};
+static_assert(offsetof(TwsiBytesToRead, offset16) == 2 && offsetof(TwsiBytesToRead, len) == 4);
+
+template <size_t Capacity>
+struct ReadBytes {
+    std::array<uint8_t, Capacity> data;
+};
+
+struct PoeCommand {
+    std::array<uint8_t, 256> data;
+    uint16_t len;
+};
+static_assert(offsetof(PoeCommand, len) == 256);
+
+struct PoeAnswer {
+    std::array<uint8_t, 256> data;
+    uint32_t poe_status;
+};
+static_assert(offsetof(PoeAnswer, poe_status) == 256);
+
+using PhyLightPortLedNormal = Command<206>;
+using TwsiInit = TwsiCommand<207>;
+using TwsiRegisterWrite = TwsiCommand<208, Words<3>>;
+using TwsiRegisterRead = TwsiCommand<209, Words<2>, Word>;
+using TwsiDataWriteWithBusIdx =
+    TwsiCommand<210, TwsiDataToWrite, Unused<1>>;  // asks for a byte that nobody reads; kept
+using TwsiDataReadWithBusIdx = TwsiCommand<211, TwsiDataToRead, ReadBytes<256>>;
+using TwsiWrite = TwsiCommand<212, TwsiBytesToWrite>;
+using TwsiRead = TwsiCommand<213, TwsiBytesToRead, ReadBytes<255>>;  // a byte less than TwsiWrite carries; kept
+using MSCC_POE_Init = Command<216>;
+using MSCC_POE_Write = Command<217, PoeCommand, Word>;
+using MSCC_POE_Read = Command<218, HalfWord, PoeAnswer>;
+using MSCC_POE_Exit = Command<219>;
+using SetSysPoeLEDStatus = Command<302, Words<2>>;
+
 }  // namespace quillon::swdrv

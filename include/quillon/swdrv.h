@@ -1394,6 +1394,105 @@ uint8_t DEV_SWDRV_PMGR_EventBindUnbindOam(int8_t operation, uint32_t param1, uin
  */
 uint8_t DEV_SWDRV_PMGR_WaitAndReceiveOam(uint32_t event, uint64_t event_handle, const uint32_t *timeout);
 
+/* ---- TWSI buses and PoE controller ---- */
+
+/*
+ * The functions whose name has "Twsi" in it travel on the queue of key 59, so that a slow bus holds up nobody else. The
+ * other ones of this group travel on the family's main queue.
+ *
+ * `bus_idx` says which bus, `dev_id` which device on it. They, `sel_a`, `sel_b`, `word`, `sel_c`, `offset16` and the
+ * values are passed to the driver process as they are.
+ *
+ * With `len` 0 the pointer to the data is not looked at and may be null. A `len` beyond the bound that a function names
+ * is refused: it returns 0 at once, without asking the driver process and without a report. Bytes that were read are
+ * stored whenever the exchange succeeded, also when the driver process refused, and always exactly `len`.
+ */
+
+/*
+ * Gives the LEDs of all ports back to the PHYs.
+ */
+uint8_t DEV_SWDRV_PMGR_PhyLightPortLedNormal(void);
+
+/*
+ * Sets the TWSI buses up.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiInit(void);
+
+/*
+ * Writes a register over a TWSI bus.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRegisterWrite(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Reads a register over a TWSI bus and stores it in `*out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRegisterRead(uint32_t value1, uint32_t value2, uint32_t *out);
+
+/*
+ * Writes the `len` bytes at `data`, 255 at most, to a device.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx(uint8_t bus_idx, uint8_t dev_id, uint8_t sel_a, uint8_t sel_b,
+                                               uint32_t word, uint8_t sel_c, const uint8_t *data, uint8_t len);
+
+/*
+ * DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx on bus 0. Of each argument but `word` and `data` the low 8 bits count: a `len`
+ * of 256 or more is not refused but cut, 256 to 0 and 300 to 44. A failure report names
+ * DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataWrite(uint32_t dev_id, uint32_t sel_a, uint32_t sel_b, uint32_t word, uint32_t sel_c,
+                                     const uint8_t *data, uint32_t len);
+
+/*
+ * Reads `len` bytes, 255 at most, from a device and stores them in `out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx(uint8_t bus_idx, uint8_t dev_id, uint8_t sel_a, uint8_t sel_b,
+                                              uint32_t word, uint8_t sel_c, uint8_t len, uint8_t *out);
+
+/*
+ * DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx on bus 0. Of each argument but `word` and `out` the low 8 bits count: a `len`
+ * of 256 or more is not refused but cut, and as many bytes are stored in `out` as are left of it. A failure report
+ * names DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataRead(uint32_t dev_id, uint32_t sel_a, uint32_t sel_b, uint32_t word, uint32_t sel_c,
+                                    uint32_t len, uint8_t *out);
+
+/*
+ * Writes the `len` bytes at `data`, 256 at most, to a device, at `offset16`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiWrite(uint8_t dev_id, uint16_t offset16, const void *data, uint16_t len);
+
+/*
+ * Reads `len` bytes, 255 at most and so one less than DEV_SWDRV_PMGR_TwsiWrite writes, from a device, at `offset16`,
+ * and stores them in `out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRead(uint8_t dev_id, uint16_t offset16, void *out, uint16_t len);
+
+/*
+ * Sets the PoE controller up.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Init(void);
+
+/*
+ * Writes the `len` bytes at `data`, 256 at most, to the PoE controller and stores its status in `*poe_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Write(const void *data, uint16_t len, uint32_t *poe_status);
+
+/*
+ * Reads `len` bytes, 256 at most, from the PoE controller, stores them in `out` and the controller's status in
+ * `*poe_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Read(void *out, uint16_t len, uint32_t *poe_status);
+
+/*
+ * Ends the use of the PoE controller.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Exit(void);
+
+/*
+ * Sets the system's PoE LED.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSysPoeLEDStatus(uint32_t value1, uint32_t value2);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

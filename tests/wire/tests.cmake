@@ -29,6 +29,7 @@ quillon_recorded_test(wire_test
   wire/swdrv_stacking.cpp
   wire/swdrv_phy.cpp
   wire/swdrv_oam.cpp
+  wire/swdrv_twsi_poe.cpp
   ${declared_functions}
 )
 target_link_libraries(wire_test PRIVATE quillon)
