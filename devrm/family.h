@@ -15,7 +15,10 @@ struct Family : ipc::Family<127, 24> {
 
 struct MainQueue : ipc::Queue<24> {};
 
-template <uint32_t Code, class Request = ipc::Empty, class Reply = ipc::Empty, class Result = uint8_t>
+// Every member of the family, request or reply, ends with a word that is counted and that nobody fills.
+using Trailer = ipc::Unused<4>;
+
+template <uint32_t Code, class Request = Trailer, class Reply = Trailer, class Result = uint8_t>
 using Command = ipc::Command<Family, MainQueue, Code, Request, Reply, Result>;
 
 }  // namespace quillon::devrm

@@ -4,18 +4,17 @@
 import argparse
 import os
 import re
-import subprocess
 import sys
 import tempfile
+
+from inspection import run
 
 
 def declared_in(header, compiler, include_folder):
     # The compiler's list of prototypes tells for each where it stands, so that <stdint.h> adds nothing.
     with tempfile.NamedTemporaryFile(mode="r", suffix=".prototypes") as prototypes:
-        subprocess.run(
-            [compiler, "-x", "c", "-std=c99", "-fsyntax-only", "-I", include_folder, "-aux-info", prototypes.name,
-             header],
-            check=True)
+        run([compiler, "-x", "c", "-std=c99", "-fsyntax-only", "-I", include_folder, "-aux-info", prototypes.name,
+             header])
         path = os.path.realpath(header)
         for line in prototypes:
             match = re.match(r"/\* (.*):\d+:\w+ \*/ extern .*?\b(\w+) \(", line)

@@ -1,17 +1,9 @@
-set(client_headers amtrdrv.h devrm.h nicdrv.h nmtrdrv.h swdrv.h swdrvl3.h swdrvl4.h)
-list(TRANSFORM client_headers PREPEND ${PROJECT_SOURCE_DIR}/include/quillon/)
-set(declared_functions ${CMAKE_CURRENT_BINARY_DIR}/declared_functions.txt)
-add_custom_command(
-  OUTPUT ${declared_functions}
-  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/gates/declared_functions.py
-    --include ${PROJECT_SOURCE_DIR}/include --output ${declared_functions} ${client_headers}
-  DEPENDS gates/declared_functions.py ${client_headers})
-
 quillon_recorded_test(wire_test
   wire/coverage_test.cpp
   wire/exchange_test.cpp
   wire/failed_exchange_test.cpp
   wire/row_exchange.cpp
+  wire/devrm_rules.cpp
   wire/swdrv_mapping.cpp
   wire/swdrv_port_config.cpp
   wire/swdrv_spanning_tree.cpp

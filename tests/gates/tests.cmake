@@ -1,0 +1,36 @@
+# What is checked of the library and the headers as they are shipped.
+add_test(NAME gates_can_fail COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/gates/gates_test.py)
+
+foreach(header amtrdrv devrm nicdrv nmtrdrv platform record swdrv swdrvl3 swdrvl4)
+  add_test(NAME header_${header}_as_c99
+    COMMAND ${Python3_EXECUTABLE} gates/check_header.py --compiler ${CMAKE_C_COMPILER} --dialect c99
+      --include ${PROJECT_SOURCE_DIR}/include quillon/${header}.h
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  add_test(NAME header_${header}_as_cxx11
+    COMMAND ${Python3_EXECUTABLE} gates/check_header.py --compiler ${CMAKE_CXX_COMPILER} --dialect c++11
+      --include ${PROJECT_SOURCE_DIR}/include quillon/${header}.h
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+endforeach()
+
+# A sanitizer brings functions and libraries of its own, so that its builds say nothing about the shipped library.
+if(NOT QUILLON_SANITIZE)
+  add_test(NAME library_exports
+    COMMAND ${Python3_EXECUTABLE} gates/check_exports.py --library $<TARGET_FILE:quillon>
+      --declared ${declared_functions} --list gates/exports.txt
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  add_test(NAME library_imports
+    COMMAND ${Python3_EXECUTABLE} gates/check_imports.py --library $<TARGET_FILE:quillon>
+      --platform ${platform_functions} $<$<CONFIG:Debug>:--debug>
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
+    COMMAND_EXPAND_LISTS)
+  add_test(NAME library_identity
+    COMMAND ${Python3_EXECUTABLE} gates/check_identity.py --library $<TARGET_FILE:quillon>
+    WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  # Without optimisation a stack frame says nothing about the shipped one.
+  if(CMAKE_BUILD_TYPE STREQUAL Release)
+    add_test(NAME library_stack_use
+      COMMAND ${Python3_EXECUTABLE} gates/check_stack_use.py --objects ${PROJECT_BINARY_DIR}/CMakeFiles/quillon.dir
+        --large-envelopes gates/large_envelopes.txt
+      WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
+endif()
