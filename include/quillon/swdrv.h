@@ -21,6 +21,8 @@
 
 #include <stdint.h>
 
+#include "quillon/record.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -651,7 +653,7 @@ uint8_t DEV_SWDRV_PMGR_SetStackingPortPriorityMapping(uint32_t unit, uint32_t po
 typedef struct port_state_block {
     uint8_t bytes[360];
 } port_state_block;
-typedef char port_state_block_has_360_bytes[sizeof(port_state_block) == 360 ? 1 : -1];
+QUILLON_RECORD_SIZE(port_state_block, 360);
 
 /*
  * Stores the speed and duplex that the port runs at, in the driver process's encoding, in `*speed_duplex`.
@@ -863,13 +865,13 @@ uint8_t DEV_SWDRV_PMGR_TrapUnknownIpv6McastToCPU(uint8_t value1, uint8_t value2)
 typedef struct ProtocolTemplate {
     uint8_t bytes[5];
 } ProtocolTemplate;
-typedef char ProtocolTemplate_has_5_bytes[sizeof(ProtocolTemplate) == 5 ? 1 : -1];
+QUILLON_RECORD_SIZE(ProtocolTemplate, 5);
 
 /* Names an entry of a protocol group: eight bytes followed by a number of 32 bits. */
 typedef struct ProtocolGroupKey {
     uint8_t bytes[12];
 } ProtocolGroupKey;
-typedef char ProtocolGroupKey_has_12_bytes[sizeof(ProtocolGroupKey) == 12 ? 1 : -1];
+QUILLON_RECORD_SIZE(ProtocolGroupKey, 12);
 
 /*
  * Puts frames of some protocols, received at a port, in a VLAN.
@@ -965,7 +967,7 @@ uint8_t DEV_SWDRV_PMGR_EnableRspanPortLearning(uint32_t unit, uint32_t port);
 typedef struct TopologyRecord {
     uint8_t bytes[13];
 } TopologyRecord;
-typedef char TopologyRecord_has_13_bytes[sizeof(TopologyRecord) == 13 ? 1 : -1];
+QUILLON_RECORD_SIZE(TopologyRecord, 13);
 
 /*
  * Sets the medium that a combo port is held to.
@@ -1100,13 +1102,13 @@ void DEV_SWDRV_PMGR_GetForwardingStackingPortBitMap(uint32_t *bitmap);
 typedef struct CableDiagRecord {
     uint8_t bytes[28];
 } CableDiagRecord;
-typedef char CableDiagRecord_has_28_bytes[sizeof(CableDiagRecord) == 28 ? 1 : -1];
+QUILLON_RECORD_SIZE(CableDiagRecord, 28);
 
 /* Three numbers of 64 bits. */
 typedef struct CableDiagResultRecord {
     uint8_t bytes[24];
 } CableDiagResultRecord;
-typedef char CableDiagResultRecord_has_24_bytes[sizeof(CableDiagResultRecord) == 24 ? 1 : -1];
+QUILLON_RECORD_SIZE(CableDiagResultRecord, 24);
 
 /*
  * Puts a 1000BASE-T port in a test mode.
@@ -1284,13 +1286,13 @@ uint8_t DEV_SWDRV_PMGR_GetDeviceTemperature(uint32_t *temperature);
 typedef struct OamEntryRecord {
     uint8_t bytes[60];
 } OamEntryRecord;
-typedef char OamEntryRecord_has_60_bytes[sizeof(OamEntryRecord) == 60 ? 1 : -1];
+QUILLON_RECORD_SIZE(OamEntryRecord, 60);
 
 /* A CRC hash entry: 48 bytes followed by a number of 32 bits, copied to the driver process as they are. */
 typedef struct TrunkHashCrcRecord {
     uint8_t bytes[52];
 } TrunkHashCrcRecord;
-typedef char TrunkHashCrcRecord_has_52_bytes[sizeof(TrunkHashCrcRecord) == 52 ? 1 : -1];
+QUILLON_RECORD_SIZE(TrunkHashCrcRecord, 52);
 
 /*
  * Hands `mode` to the driver process.
