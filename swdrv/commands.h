@@ -341,4 +341,471 @@ using LinkScan_Update = Command<116, Empty, Empty, void>;
 using EnableHgPortAdmin = Command<10, Unused<8>>;  // counts 8 bytes that nobody fills
 using LINKSCAN_Register = Command<11>;
 
+// ---- Multicast, learning and CPU traps ----
+
+struct PortLearning {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 3> flags;
+    Unused<1> unused{};
+};
+
+struct MulticastMac {
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+    uint32_t value;
+};
+static_assert(offsetof(MulticastMac, value) == 8);
+
+struct IpMulticastTrap {
+    std::array<uint8_t, 2> flags;
+    Unused<2> unused{};
+    uint32_t value;
+};
+static_assert(offsetof(IpMulticastTrap, value) == 4);
+
+using EnableIPMC = Command<117, Word>;
+using DisableIPMC = Command<118, Word>;
+using IPMC_EnableSourcePortCheck = Command<119, Word>;
+using IPMC_DisableSourcePortCheck = Command<120, Word>;
+using IPMC_EnableSourceIPSearch = Command<121, Word>;
+using IPMC_DisableSourceIPSearch = Command<122, Word>;
+using EnablePortLearning = Command<123, Port>;
+using DisablePortLearning = Command<124, Port>;
+using SetPortLearningStatus = Command<125, PortLearning>;
+using EnableUMCASTIpTrap = Command<142>;
+using DisableUMCASTIpTrap = Command<143>;
+using EnableUMCASTMacTrap = Command<144>;
+using DisableUMCASTMacTrap = Command<145>;
+using AddIPv6MulticastAddress = Command<156, MulticastMac>;
+using DelIPv6MulticastAddress = Command<157, MulticastMac>;
+using EnableMLDTrap2CPU = Command<158, Unused<1>>;   // counts a byte that nobody fills; kept
+using DisableMLDTrap2CPU = Command<159, Unused<1>>;  // likewise
+using TrapMLDToCPU = Command<160, Flags<2>>;
+using EnableNDTrap2CPU = Command<162, Flag>;
+using DisableNDTrap2CPU = Command<163, Flag>;
+using SetRaAndRrTrap2CPU = Command<246, Flag>;
+using SetEapolFramePassThrough = Command<195, Flag>;
+using ModifyMaxFrameSize = Command<199, Flags<2>>;
+using GetPortMediaActive = Command<200, Port, Word>;
+using TrapUnknownIpMcastToCPU = Command<204, IpMulticastTrap>;
+using TrapUnknownIpv6McastToCPU = Command<205, Flags<2>>;
+
+// ---- VLAN rules, VLAN trunking and RSPAN ----
+
+struct ProtocolPortEntry {
+    static constexpr uint32_t max_templates = 11;
+
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+    uint32_t count;
+    ProtocolGroupKey key;
+    std::array<ProtocolTemplate, max_templates> templates;
+    Unused<5> unused{};
+};
+static_assert(offsetof(ProtocolPortEntry, key) == 20 && offsetof(ProtocolPortEntry, templates) == 32);
+
+struct AddedProtocolPortEntry {
+    ProtocolPortEntry entry;
+    Padded<uint8_t> value;
+};
+static_assert(offsetof(AddedProtocolPortEntry, value) == 92);
+
+struct ProtocolGroup {
+    uint32_t value1;
+    ProtocolTemplate protocol;
+    Unused<3> unused{};
+    uint32_t value2;
+};
+static_assert(offsetof(ProtocolGroup, value2) == 12);
+
+struct MacAddress {
+    std::array<uint8_t, 6> mac;
+};
+
+struct MacVlan {
+    std::array<uint8_t, 6> mac;
+    uint16_t vid;
+    uint8_t value;
+    Unused<1> unused{};
+};
+static_assert(offsetof(MacVlan, vid) == 6 && offsetof(MacVlan, value) == 8);
+
+struct IpSubnet {
+    uint32_t ip;
+    uint32_t mask;
+};
+
+struct IpSubnetVlan {
+    IpSubnet subnet;
+    uint16_t vid;
+    uint8_t value;
+    Unused<1> unused{};
+};
+static_assert(offsetof(IpSubnetVlan, value) == 10);
+
+struct VlanTrunking {
+    uint32_t value1;
+    uint32_t value2;
+    Padded<uint8_t> flag;
+};
+
+struct VlanListTrunking {
+    std::array<uint8_t, 512> vlan_list;
+    uint32_t value;
+    Padded<uint8_t> flag;
+};
+static_assert(offsetof(VlanListTrunking, value) == 512 && offsetof(VlanListTrunking, flag) == 516);
+
+struct RspanVlanTag {
+    uint32_t value1;
+    uint16_t value2;
+    uint16_t value3;
+};
+static_assert(offsetof(RspanVlanTag, value3) == 6);
+
+using AddDot1vProtocolPortEntry = Command<128, AddedProtocolPortEntry>;
+using DelDot1vProtocolPortEntry = Command<129, ProtocolPortEntry>;
+using SetDot1vProtocolGroupEntry = Command<130, ProtocolGroup>;
+using SetMacVlanEntry = Command<190, MacVlan>;
+using DeleteMacVlanEntry = Command<191, MacAddress>;
+using SetIpSubnetVlanEntry = Command<192, IpSubnetVlan>;
+using DeleteIpSubnetVlanEntry = Command<193, IpSubnet>;
+using SetDefaultVlanTrunking = Command<186>;
+using CreateVlanForVlanTrunking = Command<187, Words<2>>;
+using SetPortVlanTunkingByVLAN = Command<188, VlanTrunking>;
+using SetPortVlanTunkingByVlanList = Command<189, VlanListTrunking>;
+using SetCopyInnerPri2OuterPri = Command<194, Words<3>>;
+using SetRspanVlanTag = Command<196, RspanVlanTag>;
+using DisableRspanPortLearning = Command<197, Port>;
+using EnableRspanPortLearning = Command<198, Port>;
+
+// ---- Stacking and topology ----
+
+struct ComboForcedMode {
+    uint32_t unit;
+    uint32_t port;
+    uint32_t value1;
+    uint32_t value2;
+};
+
+struct WordFlag {
+    uint32_t word;
+    Padded<uint8_t> flag;
+};
+
+struct UnitId {
+    uint32_t value;
+    Unused<4> unused{};
+};
+
+using SetPortComboForcedMode = Command<131, ComboForcedMode>;
+using SetPortIfmode = Command<300, PortWord>;
+using ShutdownSwitch = Command<132, Empty, Empty, void>;
+using UpdateHerculesUCTable = Command<133, TopologyRecord>;
+using ConfigTopologyInfo = Command<134, TopologyRecord>;
+using Physical2LogicalPortByUnitID_DeviceID = Command<135, Words<3>, Port>;
+using GetUnitId = Command<136, Unused<12>, UnitId>;  // counts 12 bytes that nobody fills; kept
+using GetStackChipDeviceID = Command<137, Empty, Word>;
+using GetDstUnitInfo = Command<138, Words<2>, Words<2>, void>;
+using HiGigRemoteLoopbackSet = Command<139, Words<3>, Empty, void>;
+using Get5670linkport = Command<140, Word, Word>;
+using GetCopperEnergyDetect = Command<141, Port, Word>;
+using SetFiberPortAutoNeg = Command<146, PortWord>;
+using GetFabricportByUnitPosition = Command<148, Word, Word, void>;
+using GetFabricPortToDstUnit = Command<149, Word, Word, void>;
+using GetMasterModuleID = Command<150, Empty, Word>;
+using GetModuleInfoByUnit = Command<151, WordFlag, Word>;
+using GetLocalCrossBarDeviceId = Command<152, Empty, Word>;
+using VID_BREAK = Command<154, Empty, Empty, void>;
+using GetNextSwitchChipId = Command<155, Word, Word>;
+using GetForwardingStackingPortBitMap = Command<164, Empty, Word, void>;
+
+// ---- PHY, cable and port diagnostics ----
+
+struct HalfWord {
+    uint16_t value;
+};
+
+struct PortHalfWord {
+    uint32_t unit;
+    uint32_t port;
+    Padded<uint16_t> value;
+};
+
+struct PortFlagPair {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 2> flags;
+    Unused<2> unused{};
+};
+
+struct PortMac {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, 6> mac;
+    Unused<2> unused{};
+};
+
+struct PhyRegOps {
+    static constexpr uint32_t op_size = 6;
+    static constexpr uint32_t max_ops = 10;
+
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint8_t, max_ops * op_size> ops;
+    uint32_t num_of_ops;
+};
+static_assert(offsetof(PhyRegOps, num_of_ops) == 68);
+
+struct EgressBlock {
+    uint32_t unit;
+    uint32_t port;
+    std::array<uint64_t, 2> egress_bitmap;
+};
+static_assert(offsetof(EgressBlock, egress_bitmap) == 8);
+
+struct CpldVersion {
+    uint8_t first;
+    Unused<1> unused1{};
+    uint8_t second;
+    Unused<1> unused2{};
+};
+static_assert(offsetof(CpldVersion, second) == 2);
+
+using Set1000BaseTPortTestMode = Command<167, PortHalfWord>;
+using Get1000BaseTPortTestMode = Command<168, Port, HalfWord>;
+using Set1000BaseTTransmitterType = Command<169, PortHalfWord>;
+using Get1000BaseTTransmitterType = Command<170, Port, HalfWord>;
+using GetAutoMDIXmode = Command<172, Port, Word>;
+using SocPciWrite = Command<175, Words<3>, Empty, uint32_t>;
+using SetPortPowerSave = Command<176, PortFlagPair>;
+using GetCableDiag = Command<177, Port, CableDiagRecord>;
+using GetCableDiagResult = Command<178, Port, CableDiagResultRecord>;
+using EnableInternalLoopback = Command<179, Word>;
+using DisableInternalLoopback = Command<180, Word>;
+using IsPortLoopbacking = Command<181, Word>;
+using SetPortAuthMode = Command<184, PortWord>;
+using UpdatePortMapping = Command<185, Flag>;
+using SetPortMacAddr = Command<256, PortMac>;
+using SetCpuRateLimit = Command<262, Words<2>>;
+using GetPortAbility = Command<263, Port, Word>;
+using DoPHYRegsTransactions = Command<255, PhyRegOps>;
+using GetMIIPhyRegByPage = Command<245, Words<7>, HalfWord>;
+using GetAllPortAverageTemperature = Command<264, Empty, Word>;
+using SetCpuPortRate = Command<265, WordFlag>;
+using SetPortEgressBlock = Command<266, EgressBlock>;
+using SetPortTrafficTxRx = Command<289, PortFlag>;
+using SetPortStationMoveAction = Command<292, PortFlagPair>;
+using GetCPLDSoftwareVersion = Command<293, Word, CpldVersion>;
+using SetPortSfpConnector = Command<294, PortFlag>;
+using SetPortFec = Command<298, PortWord>;
+using GetPortFecStatus = Command<299, Port, Word>;
+using GetDeviceTemperature = Command<301, Empty, Word>;
+
+// ---- OAM, trunk hashing and event delivery ----
+
+struct DoubleWord {
+    uint64_t value;
+};
+
+struct OamEnable {
+    uint8_t oam_sel;
+    uint8_t enable;
+    Unused<6> unused{};
+};
+
+struct OamEntry {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+    OamEntryRecord record;
+};
+static_assert(offsetof(OamEntry, entry_index) == 4 && offsetof(OamEntry, record) == 16);
+
+struct OamOpcodeProfile {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+    uint32_t param3;
+};
+static_assert(offsetof(OamOpcodeProfile, entry_index) == 4);
+
+struct OamAgingPeriod {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    uint32_t param2;
+};
+static_assert(offsetof(OamAgingPeriod, entry_index) == 4);
+
+struct OamKeepalive {
+    uint8_t oam_sel;
+    uint8_t enable;
+    Unused<2> unused{};
+    uint32_t entry_index;
+};
+static_assert(offsetof(OamKeepalive, entry_index) == 4);
+
+struct OamException {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    Padded<uint8_t> enable;
+};
+static_assert(offsetof(OamException, entry_index) == 4);
+
+struct OamExceptionRecovery {
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+    Unused<4> unused{};
+};
+static_assert(offsetof(OamExceptionRecovery, entry_index) == 4);
+
+struct OamExceptionGroup {
+    uint32_t value;
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+};
+static_assert(offsetof(OamExceptionGroup, entry_index) == 8);
+
+struct OamExceptionEntry {
+    uint32_t value;
+    Padded<uint8_t> oam_sel;
+    uint32_t entry_index;
+    uint32_t param1;
+};
+static_assert(offsetof(OamExceptionEntry, entry_index) == 8);
+
+struct TrunkHashCrc {
+    uint32_t value;
+    uint32_t entry_index;
+    TrunkHashCrcRecord record;
+};
+
+struct OamBinding {
+    static constexpr int8_t bind = 1;
+
+    Padded<uint8_t> operation;
+    uint32_t param1;
+    uint32_t param2;
+};
+static_assert(offsetof(OamBinding, param1) == 4);
+
+struct OamWait {
+    uint32_t event;
+    Unused<4> unused{};
+    uint64_t event_handle;
+    Padded<uint8_t> wait_forever;
+    uint32_t timeout;
+};
+static_assert(offsetof(OamWait, event_handle) == 8 && offsetof(OamWait, wait_forever) == 16 &&
+              offsetof(OamWait, timeout) == 20);
+
+using Receive_All = Command<165, Word, Empty, void>;
+using SetOamPduToCpu = Command<220, PortFlag>;
+using SetOamLoopback = Command<221, PortFlag>;
+using SetOamEnable = Command<224, OamEnable>;
+using SetOamEntry = Command<225, OamEntry>;
+using SetOamOpcodeProfilePktCmdEntry = Command<226, OamOpcodeProfile>;
+using SetOamAgingDaemonEnable = Command<227, OamEnable>;
+using SetOamAgingPeriodEntry = Command<228, OamAgingPeriod>;
+using SetOamKeepaliveForPacketCommandEnable = Command<229, OamKeepalive>;
+using SetOamExceptionConfig = Command<230, OamException>;
+using SetOamExceptionRecoveryConfig = Command<231, OamExceptionRecovery>;
+using GetOamExceptionGroupStatus = Command<232, OamExceptionGroup, DoubleWord>;
+using GetOamExceptionStatus = Command<233, OamExceptionEntry, Word>;
+using SetTrunkHashGlobalMode = Command<234, Word>;
+using SetTrunkHashCrcEntry = Command<235, TrunkHashCrc>;
+using EventBindUnbindOam = Command<236, OamBinding, DoubleWord>;
+using WaitAndReceiveOam = Command<237, OamWait>;
+
+// ---- TWSI buses and PoE controller ----
+
+struct TwsiDataToWrite {
+    uint8_t bus_idx;
+    uint8_t dev_id;
+    uint8_t sel_a;
+    uint8_t sel_b;
+    uint32_t word;
+    uint8_t sel_c;
+    std::array<uint8_t, 255> data;
+    uint8_t len;
+    Unused<3> unused{};
+};
+static_assert(offsetof(TwsiDataToWrite, word) == 4 && offsetof(TwsiDataToWrite, data) == 9 &&
+              offsetof(TwsiDataToWrite, len) == 264);
+
+// Not the layout of the write: the device has a word of its own here.
+struct TwsiDataToRead {
+    Padded<uint8_t> bus_idx;
+    uint32_t dev_id;
+    uint8_t sel_a;
+    uint8_t sel_b;
+    Unused<2> unused1{};
+    uint32_t word;
+    uint8_t sel_c;
+    uint8_t len;
+    Unused<6> unused2{};
+};
+static_assert(offsetof(TwsiDataToRead, dev_id) == 4 && offsetof(TwsiDataToRead, word) == 12 &&
+              offsetof(TwsiDataToRead, len) == 17);
+
+struct TwsiBytesToWrite {
+    uint8_t dev_id;
+    Unused<1> unused1{};
+    uint16_t offset16;
+    std::array<uint8_t, 256> data;
+    Padded<uint16_t> len;
+    Unused<8> unused2{};
+};
+static_assert(offsetof(TwsiBytesToWrite, offset16) == 2 && offsetof(TwsiBytesToWrite, data) == 4 &&
+              offsetof(TwsiBytesToWrite, len) == 260);
+
+struct TwsiBytesToRead {
+    uint8_t dev_id;
+    Unused<1> unused1{};
+    uint16_t offset16;
+    Padded<uint16_t> len;
+    Unused<8> unused2{};
+};
+static_assert(offsetof(TwsiBytesToRead, offset16) == 2 && offsetof(TwsiBytesToRead, len) == 4);
+
+template <size_t Capacity>
+struct ReadBytes {
+    std::array<uint8_t, Capacity> data;
+};
+
+struct PoeCommand {
+    std::array<uint8_t, 256> data;
+    uint16_t len;
+};
+static_assert(offsetof(PoeCommand, len) == 256);
+
+struct PoeAnswer {
+    std::array<uint8_t, 256> data;
+    uint32_t poe_status;
+};
+static_assert(offsetof(PoeAnswer, poe_status) == 256);
+
+using PhyLightPortLedNormal = Command<206>;
+using TwsiInit = TwsiCommand<207>;
+using TwsiRegisterWrite = TwsiCommand<208, Words<3>>;
+using TwsiRegisterRead = TwsiCommand<209, Words<2>, Word>;
+using TwsiDataWriteWithBusIdx =
+    TwsiCommand<210, TwsiDataToWrite, Unused<1>>;  // asks for a byte that nobody reads; kept
+using TwsiDataReadWithBusIdx = TwsiCommand<211, TwsiDataToRead, ReadBytes<256>>;
+using TwsiWrite = TwsiCommand<212, TwsiBytesToWrite>;
+using TwsiRead = TwsiCommand<213, TwsiBytesToRead, ReadBytes<255>>;  // a byte less than TwsiWrite carries; kept
+using MSCC_POE_Init = Command<216>;
+using MSCC_POE_Write = Command<217, PoeCommand, Word>;
+using MSCC_POE_Read = Command<218, HalfWord, PoeAnswer>;
+using MSCC_POE_Exit = Command<219>;
+using SetSysPoeLEDStatus = Command<302, Words<2>>;
+
 }  // namespace quillon::swdrv

@@ -21,6 +21,8 @@
 
 #include <stdint.h>
 
+#include "quillon/record.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -651,7 +653,7 @@ uint8_t DEV_SWDRV_PMGR_SetStackingPortPriorityMapping(uint32_t unit, uint32_t po
 typedef struct port_state_block {
     uint8_t bytes[360];
 } port_state_block;
-typedef char port_state_block_has_360_bytes[sizeof(port_state_block) == 360 ? 1 : -1];
+QUILLON_RECORD_SIZE(port_state_block, 360);
 
 /*
  * Stores the speed and duplex that the port runs at, in the driver process's encoding, in `*speed_duplex`.
@@ -719,6 +721,779 @@ uint8_t DEV_SWDRV_PMGR_EnableHgPortAdmin(void);
  * Registers with the link scan.
  */
 uint8_t DEV_SWDRV_PMGR_LINKSCAN_Register(void);
+
+/* ---- Multicast, learning and CPU traps ---- */
+
+/*
+ * Switches IP multicast on in hardware.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableIPMC(uint32_t value);
+
+/*
+ * Switches IP multicast off again.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableIPMC(uint32_t value);
+
+/*
+ * Has IP multicast checked for the port that it came in by.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_EnableSourcePortCheck(uint32_t value);
+
+/*
+ * Ends the check for the port that IP multicast came in by.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_DisableSourcePortCheck(uint32_t value);
+
+/*
+ * Has the source address take part in the search for IP multicast.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_EnableSourceIPSearch(uint32_t value);
+
+/*
+ * Has IP multicast searched without its source address.
+ */
+uint8_t DEV_SWDRV_PMGR_IPMC_DisableSourceIPSearch(uint32_t value);
+
+/*
+ * Has the port learn the source addresses of what it receives.
+ */
+uint8_t DEV_SWDRV_PMGR_EnablePortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Ends the learning of source addresses at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_DisablePortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Sets how the port learns source addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortLearningStatus(uint32_t unit, uint32_t port, uint8_t flag1, uint8_t flag2, uint8_t flag3);
+
+/*
+ * Traps packets to unknown IP multicast addresses to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUMCASTIpTrap(void);
+
+/*
+ * Ends the trapping of packets to unknown IP multicast addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUMCASTIpTrap(void);
+
+/*
+ * Traps frames to unknown multicast MAC addresses to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableUMCASTMacTrap(void);
+
+/*
+ * Ends the trapping of frames to unknown multicast MAC addresses.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableUMCASTMacTrap(void);
+
+/*
+ * Adds an IPv6 multicast MAC address. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_AddIPv6MulticastAddress(const uint8_t *mac, uint32_t value);
+
+/*
+ * Deletes an IPv6 multicast MAC address. The arguments are those of DEV_SWDRV_PMGR_AddIPv6MulticastAddress.
+ */
+uint8_t DEV_SWDRV_PMGR_DelIPv6MulticastAddress(const uint8_t *mac, uint32_t value);
+
+/*
+ * Traps MLD packets to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableMLDTrap2CPU(void);
+
+/*
+ * Ends the trapping of MLD packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableMLDTrap2CPU(void);
+
+/*
+ * Sets how MLD packets are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapMLDToCPU(uint8_t value1, uint8_t value2);
+
+/*
+ * Traps IPv6 neighbour discovery packets to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableNDTrap2CPU(uint8_t value);
+
+/*
+ * Ends the trapping of IPv6 neighbour discovery packets.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableNDTrap2CPU(uint8_t value);
+
+/*
+ * Sets how RA and RR packets are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetRaAndRrTrap2CPU(uint8_t value);
+
+/*
+ * Sets whether EAPOL frames pass through the switch.
+ */
+uint8_t DEV_SWDRV_PMGR_SetEapolFramePassThrough(uint8_t value);
+
+/*
+ * Sets the maximum frame size.
+ */
+uint8_t DEV_SWDRV_PMGR_ModifyMaxFrameSize(uint8_t value1, uint8_t value2);
+
+/*
+ * Stores in `*media` the medium that is active at the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortMediaActive(uint32_t unit, uint32_t port, uint32_t *media);
+
+/*
+ * Sets how packets to unknown IPv4 multicast addresses are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapUnknownIpMcastToCPU(uint8_t value1, uint8_t value2, uint32_t value3);
+
+/*
+ * Sets how packets to unknown IPv6 multicast addresses are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_TrapUnknownIpv6McastToCPU(uint8_t value1, uint8_t value2);
+
+/* ---- VLAN rules, VLAN trunking and RSPAN ---- */
+
+/*
+ * Records that requests of this group carry. What stands inside is between the caller and the driver process: the bytes
+ * are copied as they are.
+ */
+
+/* A protocol of protocol-based VLANs (802.1v). */
+typedef struct ProtocolTemplate {
+    uint8_t bytes[5];
+} ProtocolTemplate;
+QUILLON_RECORD_SIZE(ProtocolTemplate, 5);
+
+/* Names an entry of a protocol group: eight bytes followed by a number of 32 bits. */
+typedef struct ProtocolGroupKey {
+    uint8_t bytes[12];
+} ProtocolGroupKey;
+QUILLON_RECORD_SIZE(ProtocolGroupKey, 12);
+
+/*
+ * Puts frames of some protocols, received at a port, in a VLAN.
+ *
+ * `count` templates of 5 bytes each stand one behind the other at `templates`, laid out as ProtocolTemplate. The caller
+ * keeps `count` at 11 or below: the function does not test it (a debug build of the library stops), and more templates
+ * than that overrun the request on the calling task's stack. With `count` 0 `templates` is not looked at and may be
+ * null. `key` points to the name of the group entry.
+ */
+uint8_t DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                 uint32_t count, const ProtocolGroupKey *key, uint8_t value3,
+                                                 const uint8_t *templates);
+
+/*
+ * Takes back what DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry set. The arguments are the same, with the same bounds,
+ * without `value3`.
+ */
+uint8_t DEV_SWDRV_PMGR_DelDot1vProtocolPortEntry(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2,
+                                                 uint32_t count, const ProtocolGroupKey *key, const uint8_t *templates);
+
+/*
+ * Sets an entry of a protocol group to the protocol that `protocol` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(uint32_t value1, const ProtocolTemplate *protocol, uint32_t value2);
+
+/*
+ * Puts frames from a MAC address in VLAN `vid`. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_SetMacVlanEntry(const uint8_t *mac, uint16_t vid, uint8_t value);
+
+/*
+ * Deletes the VLAN of a MAC address. `mac` points to its 6 bytes.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteMacVlanEntry(const uint8_t *mac);
+
+/*
+ * Puts frames from an IPv4 subnet in VLAN `vid`. `ip` and `mask` are numbers and are passed on without a change of
+ * their byte order.
+ */
+uint8_t DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(uint32_t ip, uint32_t mask, uint16_t vid, uint8_t value);
+
+/*
+ * Deletes the VLAN of an IPv4 subnet. `ip` and `mask` are those it was set with.
+ */
+uint8_t DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(uint32_t ip, uint32_t mask);
+
+/*
+ * Sets VLAN trunking to its default.
+ */
+uint8_t DEV_SWDRV_PMGR_SetDefaultVlanTrunking(void);
+
+/*
+ * Creates a VLAN for VLAN trunking. `value1` and the number that `value2` points to are passed to the driver process as
+ * they are; nothing is written back.
+ */
+uint8_t DEV_SWDRV_PMGR_CreateVlanForVlanTrunking(uint32_t value1, const uint32_t *value2);
+
+/*
+ * Sets VLAN trunking at a port for one VLAN. In the request `value2` stands before `flag`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN(uint32_t value1, uint8_t flag, uint32_t value2);
+
+/*
+ * Sets VLAN trunking for a list of VLANs. `vlan_list` points to a bitmap of 512 bytes, one bit for each VLAN id from 0
+ * to 4,095; in the request it stands before the others. The number that `value` points to and `flag` are passed to the
+ * driver process as they are; nothing is written back.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortVlanTunkingByVlanList(const uint32_t *value, uint8_t flag, const void *vlan_list);
+
+/*
+ * Sets whether the priority of the inner tag is copied to the outer one.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Sets the tag of remote mirroring (RSPAN).
+ */
+uint8_t DEV_SWDRV_PMGR_SetRspanVlanTag(uint32_t value1, uint16_t value2, uint16_t value3);
+
+/*
+ * Ends the learning of source addresses from remote mirroring (RSPAN) at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableRspanPortLearning(uint32_t unit, uint32_t port);
+
+/*
+ * Has the port learn source addresses from remote mirroring (RSPAN).
+ */
+uint8_t DEV_SWDRV_PMGR_EnableRspanPortLearning(uint32_t unit, uint32_t port);
+
+/* ---- Stacking and topology ---- */
+
+/* What the topology task knows of the stack. The bytes are copied to the driver process as they are. */
+typedef struct TopologyRecord {
+    uint8_t bytes[13];
+} TopologyRecord;
+QUILLON_RECORD_SIZE(TopologyRecord, 13);
+
+/*
+ * Sets the medium that a combo port is held to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortComboForcedMode(uint32_t unit, uint32_t port, uint32_t value1, uint32_t value2);
+
+/*
+ * Sets the interface mode of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortIfmode(uint32_t unit, uint32_t port, uint32_t ifmode);
+
+/*
+ * Shuts the switch down. Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_ShutdownSwitch(void);
+
+/*
+ * Brings the unicast table of the fabric chip up to the topology that `topology` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_UpdateHerculesUCTable(const TopologyRecord *topology);
+
+/*
+ * Tells the driver process the topology that `topology` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_ConfigTopologyInfo(const TopologyRecord *topology);
+
+/*
+ * Translates a port, named by its unit, its device on that unit and its number on that device, into a logical one:
+ * stores its unit in `*unit` and its logical port in `*port`.
+ */
+uint8_t DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID(uint32_t unit_id, uint32_t device_id, uint32_t phy_port,
+                                                             uint32_t *unit, uint32_t *port);
+
+/*
+ * Stores the number of the local unit in `*unit_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetUnitId(uint32_t *unit_id);
+
+/*
+ * Stores in `*device_id` the device id of the chip that has the stacking ports.
+ */
+uint8_t DEV_SWDRV_PMGR_GetStackChipDeviceID(uint32_t *device_id);
+
+/*
+ * Asks how a unit of the stack is reached and stores the two numbers of the answer in `*info1` and `*info2`.
+ *
+ * Returns nothing: after a failed exchange the outputs are as they were.
+ */
+void DEV_SWDRV_PMGR_GetDstUnitInfo(uint32_t value1, uint32_t value2, uint32_t *info1, uint32_t *info2);
+
+/*
+ * Sets the loopback at the far end of a HiGig link.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Stores a link port of the fabric chip in `*link_port`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get5670linkport(uint32_t value, uint32_t *link_port);
+
+/*
+ * Stores in `*energy` whether the copper side of the port detects energy on its cable, as the driver process puts it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCopperEnergyDetect(uint32_t unit, uint32_t port, uint32_t *energy);
+
+/*
+ * Sets the auto-negotiation of a fibre port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetFiberPortAutoNeg(uint32_t unit, uint32_t port, uint32_t auto_neg);
+
+/*
+ * Stores in `*fabric_port` the fabric port of the unit at `unit_position`.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetFabricportByUnitPosition(uint32_t unit_position, uint32_t *fabric_port);
+
+/*
+ * Stores in `*fabric_port` the fabric port by which unit `dst_unit` is reached.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetFabricPortToDstUnit(uint32_t dst_unit, uint32_t *fabric_port);
+
+/*
+ * Stores the module id of the stack's master in `*module_id`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetMasterModuleID(uint32_t *module_id);
+
+/*
+ * Stores in `*info` what is asked about the modules of `unit`. `value` selects it and is passed to the driver process
+ * as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_GetModuleInfoByUnit(uint32_t unit, uint8_t value, uint32_t *info);
+
+/*
+ * Stores in `*device_id` the device id of the local unit's cross-bar.
+ */
+uint8_t DEV_SWDRV_PMGR_GetLocalCrossBarDeviceId(uint32_t *device_id);
+
+/*
+ * Sends the VID_BREAK request, which carries nothing; its meaning is the driver process's.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_VID_BREAK(void);
+
+/*
+ * Makes one step of a walk over the switch chips: sends the id in `*chip_id` and replaces it with the next one.
+ *
+ * Returns 0 when the driver process refused, as at the end of the walk; `*chip_id` is then replaced all the same. After
+ * a failed exchange it is as it was.
+ */
+uint8_t DEV_SWDRV_PMGR_GetNextSwitchChipId(uint32_t *chip_id);
+
+/*
+ * Stores in `*bitmap` the stacking ports that forward, one bit for each.
+ *
+ * Returns nothing: after a failed exchange the output is as it was.
+ */
+void DEV_SWDRV_PMGR_GetForwardingStackingPortBitMap(uint32_t *bitmap);
+
+/* ---- PHY, cable and port diagnostics ---- */
+
+/*
+ * Results of cable diagnostics. What the numbers say is the driver process's: the bytes are copied as they are.
+ */
+
+/* Three numbers of 64 bits followed by one of 32. */
+typedef struct CableDiagRecord {
+    uint8_t bytes[28];
+} CableDiagRecord;
+QUILLON_RECORD_SIZE(CableDiagRecord, 28);
+
+/* Three numbers of 64 bits. */
+typedef struct CableDiagResultRecord {
+    uint8_t bytes[24];
+} CableDiagResultRecord;
+QUILLON_RECORD_SIZE(CableDiagResultRecord, 24);
+
+/*
+ * Puts a 1000BASE-T port in a test mode.
+ */
+uint8_t DEV_SWDRV_PMGR_Set1000BaseTPortTestMode(uint32_t unit, uint32_t port, uint16_t test_mode);
+
+/*
+ * Stores the test mode of a 1000BASE-T port in `*test_mode`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get1000BaseTPortTestMode(uint32_t unit, uint32_t port, uint16_t *test_mode);
+
+/*
+ * Sets the transmitter type of a 1000BASE-T port.
+ */
+uint8_t DEV_SWDRV_PMGR_Set1000BaseTTransmitterType(uint32_t unit, uint32_t port, uint16_t transmitter_type);
+
+/*
+ * Stores the transmitter type of a 1000BASE-T port in `*transmitter_type`.
+ */
+uint8_t DEV_SWDRV_PMGR_Get1000BaseTTransmitterType(uint32_t unit, uint32_t port, uint16_t *transmitter_type);
+
+/*
+ * Stores in `*mode` the auto-MDIX mode of the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAutoMDIXmode(uint32_t unit, uint32_t port, uint32_t *mode);
+
+/*
+ * Writes to the switch chip over PCI.
+ *
+ * Returns all 32 bits of the driver process's result, and 0 after a failed exchange.
+ */
+uint32_t DEV_SWDRV_PMGR_SocPciWrite(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Sets the power saving of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortPowerSave(uint32_t unit, uint32_t port, uint8_t value1, uint8_t value2);
+
+/*
+ * Runs the diagnostics of the port's cable and stores what they found in `*record`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCableDiag(uint32_t unit, uint32_t port, CableDiagRecord *record);
+
+/*
+ * Stores the result of the diagnostics of the port's cable in `*record`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCableDiagResult(uint32_t unit, uint32_t port, CableDiagResultRecord *record);
+
+/*
+ * Sets an internal loopback.
+ */
+uint8_t DEV_SWDRV_PMGR_EnableInternalLoopback(uint32_t value);
+
+/*
+ * Takes an internal loopback back.
+ */
+uint8_t DEV_SWDRV_PMGR_DisableInternalLoopback(uint32_t value);
+
+/*
+ * Asks whether there is an internal loopback.
+ *
+ * Returns the answer itself: 1 for yes, 0 for no. A failed exchange gives 0 as well; only its report tells.
+ */
+uint8_t DEV_SWDRV_PMGR_IsPortLoopbacking(uint32_t value);
+
+/*
+ * Sets the authentication mode of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortAuthMode(uint32_t unit, uint32_t port, uint32_t auth_mode);
+
+/*
+ * Has the driver process work its port mapping out anew. `value` is passed to it as it is.
+ */
+uint8_t DEV_SWDRV_PMGR_UpdatePortMapping(uint8_t value);
+
+/*
+ * Sets the MAC address of the port. `mac` points to its 6 bytes, in the order of the wire.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortMacAddr(uint32_t unit, uint32_t port, const uint8_t mac[6]);
+
+/*
+ * Limits the rate of what goes to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCpuRateLimit(uint32_t value1, uint32_t value2);
+
+/*
+ * Stores in `*ability` what the port is able to do, as the driver process encodes it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortAbility(uint32_t unit, uint32_t port, uint32_t *ability);
+
+/*
+ * Has the driver process carry out up to 10 operations on the registers of the port's PHY. `phy_reg_ops` points to
+ * `num_of_ops` operations of 6 bytes each, one behind the other, whose layout is the driver process's. Nothing is
+ * written back to them: what an operation reads does not come back by this way. Of `num_of_ops` the low 32 bits count.
+ *
+ * Returns 0 at once, without asking the driver process, and prints a line
+ * - "DEV_SWDRV_PMGR_DoPHYRegsTransactions(<line>)num_of_ops(<num_of_ops>) too large. (max value=10)" when there are
+ *   more than 10,
+ * - otherwise "DEV_SWDRV_PMGR_DoPHYRegsTransactions(<line>)phy_reg_ops is NULL" when `phy_reg_ops` is null, also when
+ *   there are none.
+ */
+uint8_t DEV_SWDRV_PMGR_DoPHYRegsTransactions(uint32_t unit, uint32_t port, const uint8_t *phy_reg_ops,
+                                             uint64_t num_of_ops);
+
+/*
+ * Reads a paged register of a PHY over MII and stores it in `*reg`. The seven values say which; they are passed to the
+ * driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_GetMIIPhyRegByPage(uint32_t value1, uint32_t value2, uint32_t value3, uint32_t value4,
+                                          uint32_t value5, uint32_t value6, uint32_t value7, uint16_t *reg);
+
+/*
+ * Stores the average temperature of all ports in `*temperature`, in the driver process's unit.
+ */
+uint8_t DEV_SWDRV_PMGR_GetAllPortAverageTemperature(uint32_t *temperature);
+
+/*
+ * Sets the rate of the CPU port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetCpuPortRate(uint32_t value1, uint8_t value2);
+
+/*
+ * Sets the ports to which the port does not send. `egress_bitmap` points to two words, 128 bits, which are passed to
+ * the driver process as they are.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortEgressBlock(uint32_t unit, uint32_t port, const uint64_t egress_bitmap[2]);
+
+/*
+ * Sets whether the port sends and receives.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortTrafficTxRx(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Sets what happens when a known address shows up at the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortStationMoveAction(uint32_t unit, uint32_t port, uint8_t value1, uint8_t value2);
+
+/*
+ * Writes the version of the CPLD's program to `dst` as text: two numbers of two hexadecimal digits with a point between
+ * them, such as "01.0a". `dst` has room for 6 characters.
+ *
+ * Returns 0 at once, without asking the driver process and without a report, when `dst` is null. When the driver
+ * process refuses, `dst` is as it was.
+ */
+uint8_t DEV_SWDRV_PMGR_GetCPLDSoftwareVersion(uint32_t value, char *dst);
+
+/*
+ * Sets the SFP connector of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortSfpConnector(uint32_t unit, uint32_t port, uint8_t value);
+
+/*
+ * Sets the forward error correction of the port.
+ */
+uint8_t DEV_SWDRV_PMGR_SetPortFec(uint32_t unit, uint32_t port, uint32_t fec);
+
+/*
+ * Stores in `*status` the forward error correction of the port, as the driver process numbers it.
+ */
+uint8_t DEV_SWDRV_PMGR_GetPortFecStatus(uint32_t unit, uint32_t port, uint32_t *status);
+
+/*
+ * Stores the temperature of the device in `*temperature`, in the driver process's unit.
+ */
+uint8_t DEV_SWDRV_PMGR_GetDeviceTemperature(uint32_t *temperature);
+
+/* ---- OAM, trunk hashing and event delivery ---- */
+
+/*
+ * `oam_sel`, `entry_index` and the parameters of this group are passed to the driver process as they are. `enable` is 1
+ * or 0.
+ */
+
+/* Settings of an OAM entry: 56 bytes followed by a number of 32 bits, copied to the driver process as they are. */
+typedef struct OamEntryRecord {
+    uint8_t bytes[60];
+} OamEntryRecord;
+QUILLON_RECORD_SIZE(OamEntryRecord, 60);
+
+/* A CRC hash entry: 48 bytes followed by a number of 32 bits, copied to the driver process as they are. */
+typedef struct TrunkHashCrcRecord {
+    uint8_t bytes[52];
+} TrunkHashCrcRecord;
+QUILLON_RECORD_SIZE(TrunkHashCrcRecord, 52);
+
+/*
+ * Hands `mode` to the driver process.
+ *
+ * Returns nothing: only a failed exchange shows, by its report.
+ */
+void DEV_SWDRV_PMGR_Receive_All(uint32_t mode);
+
+/*
+ * Sets whether OAM PDUs that the port receives are trapped to the CPU.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamPduToCpu(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Sets whether the port is in OAM loopback.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamLoopback(uint32_t unit, uint32_t port, uint8_t enable);
+
+/*
+ * Switches the OAM engine on or off.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamEnable(uint8_t oam_sel, uint8_t enable);
+
+/*
+ * Sets an entry of the OAM engine to what `record` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint32_t param2,
+                                   const OamEntryRecord *record);
+
+/*
+ * Sets what becomes of packets of an opcode, in a profile of the OAM engine. The name has no underscore behind the
+ * prefix, unlike all others.
+ */
+uint8_t DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
+                                                     uint32_t param2, uint32_t param3);
+
+/*
+ * Switches the OAM engine's aging daemon on or off.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamAgingDaemonEnable(uint8_t oam_sel, uint8_t enable);
+
+/*
+ * Sets an aging period of the OAM engine.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint32_t param2);
+
+/*
+ * Sets whether the OAM engine takes an entry's packets for signs of life. In the request `enable` stands before
+ * `entry_index`.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable(uint8_t oam_sel, uint32_t entry_index, uint8_t enable);
+
+/*
+ * Sets the detection of an OAM exception.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamExceptionConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint8_t enable);
+
+/*
+ * Sets the recovery from an OAM exception.
+ */
+uint8_t DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1);
+
+/*
+ * Stores the exceptions of a group of OAM entries in `*status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index,
+                                                  uint64_t *status);
+
+/*
+ * Stores the exceptions of an OAM entry in `*status`.
+ */
+uint8_t DEV_SWDRV_PMGR_GetOamExceptionStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
+                                             uint32_t *status);
+
+/*
+ * Sets how traffic is spread over the ports of trunks.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(uint32_t mode);
+
+/*
+ * Sets a CRC hash entry of the trunks to what `record` points to.
+ */
+uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index, const TrunkHashCrcRecord *record);
+
+/*
+ * Binds the calling task to OAM events (`operation` 1) or takes the binding back. `param1` and `param2` say which
+ * events.
+ *
+ * With `operation` 1 the handle of the binding is stored in `*event_handle`, unless `event_handle` is null. With any
+ * other operation `event_handle` is not looked at.
+ */
+uint8_t DEV_SWDRV_PMGR_EventBindUnbindOam(int8_t operation, uint32_t param1, uint32_t param2, uint64_t *event_handle);
+
+/*
+ * Waits until the driver process has an OAM event for the caller. `event_handle` is the handle that
+ * DEV_SWDRV_PMGR_EventBindUnbindOam gave. The number that `timeout` points to bounds the wait, in the driver process's
+ * unit; with a null `timeout` it waits for ever.
+ *
+ * The calling thread is held until the driver process answers, so this is called from a thread of its own; other
+ * threads go on making requests meanwhile.
+ */
+uint8_t DEV_SWDRV_PMGR_WaitAndReceiveOam(uint32_t event, uint64_t event_handle, const uint32_t *timeout);
+
+/* ---- TWSI buses and PoE controller ---- */
+
+/*
+ * The functions whose name has "Twsi" in it travel on the queue of key 59, so that a slow bus holds up nobody else. The
+ * other ones of this group travel on the family's main queue.
+ *
+ * `bus_idx` says which bus, `dev_id` which device on it. They, `sel_a`, `sel_b`, `word`, `sel_c`, `offset16` and the
+ * values are passed to the driver process as they are.
+ *
+ * With `len` 0 the pointer to the data is not looked at and may be null. A `len` beyond the bound that a function names
+ * is refused: it returns 0 at once, without asking the driver process and without a report. Bytes that were read are
+ * stored whenever the exchange succeeded, also when the driver process refused, and always exactly `len`.
+ */
+
+/*
+ * Gives the LEDs of all ports back to the PHYs.
+ */
+uint8_t DEV_SWDRV_PMGR_PhyLightPortLedNormal(void);
+
+/*
+ * Sets the TWSI buses up.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiInit(void);
+
+/*
+ * Writes a register over a TWSI bus.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRegisterWrite(uint32_t value1, uint32_t value2, uint32_t value3);
+
+/*
+ * Reads a register over a TWSI bus and stores it in `*out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRegisterRead(uint32_t value1, uint32_t value2, uint32_t *out);
+
+/*
+ * Writes the `len` bytes at `data`, 255 at most, to a device.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx(uint8_t bus_idx, uint8_t dev_id, uint8_t sel_a, uint8_t sel_b,
+                                               uint32_t word, uint8_t sel_c, const uint8_t *data, uint8_t len);
+
+/*
+ * DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx on bus 0. Of each argument but `word` and `data` the low 8 bits count: a `len`
+ * of 256 or more is not refused but cut, 256 to 0 and 300 to 44. A failure report names
+ * DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataWrite(uint32_t dev_id, uint32_t sel_a, uint32_t sel_b, uint32_t word, uint32_t sel_c,
+                                     const uint8_t *data, uint32_t len);
+
+/*
+ * Reads `len` bytes, 255 at most, from a device and stores them in `out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx(uint8_t bus_idx, uint8_t dev_id, uint8_t sel_a, uint8_t sel_b,
+                                              uint32_t word, uint8_t sel_c, uint8_t len, uint8_t *out);
+
+/*
+ * DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx on bus 0. Of each argument but `word` and `out` the low 8 bits count: a `len`
+ * of 256 or more is not refused but cut, and as many bytes are stored in `out` as are left of it. A failure report
+ * names DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiDataRead(uint32_t dev_id, uint32_t sel_a, uint32_t sel_b, uint32_t word, uint32_t sel_c,
+                                    uint32_t len, uint8_t *out);
+
+/*
+ * Writes the `len` bytes at `data`, 256 at most, to a device, at `offset16`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiWrite(uint8_t dev_id, uint16_t offset16, const void *data, uint16_t len);
+
+/*
+ * Reads `len` bytes, 255 at most and so one less than DEV_SWDRV_PMGR_TwsiWrite writes, from a device, at `offset16`,
+ * and stores them in `out`.
+ */
+uint8_t DEV_SWDRV_PMGR_TwsiRead(uint8_t dev_id, uint16_t offset16, void *out, uint16_t len);
+
+/*
+ * Sets the PoE controller up.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Init(void);
+
+/*
+ * Writes the `len` bytes at `data`, 256 at most, to the PoE controller and stores its status in `*poe_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Write(const void *data, uint16_t len, uint32_t *poe_status);
+
+/*
+ * Reads `len` bytes, 256 at most, from the PoE controller, stores them in `out` and the controller's status in
+ * `*poe_status`.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Read(void *out, uint16_t len, uint32_t *poe_status);
+
+/*
+ * Ends the use of the PoE controller.
+ */
+uint8_t DEV_SWDRV_PMGR_MSCC_POE_Exit(void);
+
+/*
+ * Sets the system's PoE LED.
+ */
+uint8_t DEV_SWDRV_PMGR_SetSysPoeLEDStatus(uint32_t value1, uint32_t value2);
 
 #pragma GCC visibility pop
 

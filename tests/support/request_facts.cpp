@@ -14,7 +14,8 @@ struct FamilyFacts {
 };
 
 constexpr FamilyFacts families[] = {
-    {"DEV_SWDRV_PMGR_", {.module = 120, .queue_key = 24, .data_offset = 24, .send_line = false}},
+    // One of its functions has no underscore behind the prefix.
+    {"DEV_SWDRV_PMGR", {.module = 120, .queue_key = 24, .data_offset = 24, .send_line = false}},
     {"DEV_AMTRDRV_PMGR_", {.module = 121, .queue_key = 24, .data_offset = 20, .send_line = true}},
     {"DEV_SWDRVL4_PMGR_", {.module = 122, .queue_key = 24, .data_offset = 20, .send_line = false}},
     {"DEV_NMTRDRV_PMGR_", {.module = 126, .queue_key = 24, .data_offset = 24, .send_line = true}},

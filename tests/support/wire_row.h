@@ -90,7 +90,7 @@ struct WireRow {
     Result result = Result::byte;
     // Where the function returns something else than the result.
     std::optional<uint32_t> returned = {};
-    // What the function prints although the exchange did not fail.
+    // What the function prints although the exchange did not fail. "<line>" stands for the number of a source line.
     std::string printed = {};
 };
 

@@ -20,7 +20,7 @@ const Names without_request = {
 
 bool is_request_function(const std::string &name)
 {
-    return name.find("_PMGR_") != std::string::npos && !name.ends_with("_InitiateProcessResource") &&
+    return name.find("_PMGR") != std::string::npos && !name.ends_with("_InitiateProcessResource") &&
            !without_request.contains(name);
 }
 

@@ -23,6 +23,12 @@ quillon_recorded_test(wire_test
   wire/swdrv_storm_control.cpp
   wire/swdrv_priority.cpp
   wire/swdrv_port_status.cpp
+  wire/swdrv_multicast_traps.cpp
+  wire/swdrv_vlan_rules.cpp
+  wire/swdrv_stacking.cpp
+  wire/swdrv_phy.cpp
+  wire/swdrv_oam.cpp
+  wire/swdrv_twsi_poe.cpp
   wire/swdrvl4_cos_mapping.cpp
   wire/swdrvl4_port_isolation.cpp
   wire/swdrvl4_rate_and_scheduling.cpp

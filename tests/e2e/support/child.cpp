@@ -1,0 +1,163 @@
+#include "e2e/support/child.h"
+
+#include <errno.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <sstream>
+#include <system_error>
+
+namespace quillon::test {
+namespace {
+
+constexpr int longest_wait_milliseconds = 60'000;
+
+struct Pipe {
+    Pipe()
+    {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0) {
+            throw std::system_error(errno, std::generic_category(), "pipe");
+        }
+        reading = host::Descriptor(ends[0]);
+        writing = host::Descriptor(ends[1]);
+    }
+
+    host::Descriptor reading;
+    host::Descriptor writing;
+};
+
+[[noreturn]] void become(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment)
+{
+    for (const auto &[name, value] : environment) {
+        setenv(name.c_str(), value.c_str(), 1);
+    }
+    std::vector<char *> arguments;
+    for (const std::string &argument : command) {
+        arguments.push_back(const_cast<char *>(argument.c_str()));
+    }
+    arguments.push_back(nullptr);
+    execv(arguments[0], arguments.data());
+    perror(arguments[0]);
+    _exit(127);
+}
+
+}  // namespace
+
+bool Output::fill()
+{
+    pollfd source = {.fd = descriptor_.number(), .events = POLLIN, .revents = 0};
+    if (poll(&source, 1, longest_wait_milliseconds) != 1) {
+        ADD_FAILURE() << "neither output nor its end came; so far: " << text_;
+        return false;
+    }
+    std::array<char, 4096> buffer;
+    const ssize_t size = read(descriptor_.number(), buffer.data(), buffer.size());
+    if (size <= 0) {
+        return false;
+    }
+    text_.append(buffer.data(), static_cast<size_t>(size));
+    return true;
+}
+
+std::string Output::line()
+{
+    size_t end;
+    while ((end = text_.find('\n')) == std::string::npos) {
+        if (!fill()) {
+            ADD_FAILURE() << "the output ended where a line was expected, with: " << text_;
+            return std::exchange(text_, {});
+        }
+    }
+    const std::string line = text_.substr(0, end);
+    text_.erase(0, end + 1);
+    return line;
+}
+
+std::string Output::rest()
+{
+    while (fill()) {
+    }
+    return std::exchange(text_, {});
+}
+
+Child::Child(std::vector<std::string> command, const std::map<std::string, std::string> &environment)
+{
+    Pipe input;
+    Pipe out;
+    Pipe err;
+    const pid_t test = getpid();
+    pid_ = fork();
+    if (pid_ < 0) {
+        throw std::system_error(errno, std::generic_category(), "fork");
+    }
+    if (pid_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != test) {
+            _exit(127);
+        }
+        dup2(input.reading.number(), STDIN_FILENO);
+        dup2(out.writing.number(), STDOUT_FILENO);
+        dup2(err.writing.number(), STDERR_FILENO);
+        become(command, environment);
+    }
+    input_ = std::move(input.writing);
+    out_ = Output(std::move(out.reading));
+    err_ = Output(std::move(err.reading));
+}
+
+Child::~Child()
+{
+    kill_and_wait();
+}
+
+void Child::write_line(const std::string &line)
+{
+    const std::string text = line + "\n";
+    ASSERT_EQ(write(input_.number(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
+}
+
+void Child::signal(int number) const
+{
+    ASSERT_EQ(kill(pid_, number), 0);
+}
+
+int Child::wait()
+{
+    if (pid_ < 0) {
+        return -1;
+    }
+    int status;
+    if (waitpid(std::exchange(pid_, -1), &status, 0) < 0) {
+        ADD_FAILURE() << "the process is not there";
+        return -1;
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+int Child::kill_and_wait()
+{
+    if (pid_ > 0) {
+        kill(pid_, SIGKILL);
+    }
+    return wait();
+}
+
+std::vector<std::string> lines_of(const std::string &text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+}  // namespace quillon::test

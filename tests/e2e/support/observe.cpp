@@ -1,0 +1,84 @@
+#include "e2e/support/observe.h"
+
+#include <errno.h>
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <stdlib.h>
+#include <sys/syscall.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace quillon::test {
+
+void wait_until(const std::string &what, const std::function<bool()> &is_true)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::seconds(60);
+    while (!is_true()) {
+        ASSERT_LT(Clock::now(), end) << "waited in vain until " << what;
+        sched_yield();
+    }
+}
+
+// The first word is the system call's number, or "running".
+bool waits_for_reply(pid_t process, pid_t thread)
+{
+    const std::string task = "/proc/" + std::to_string(process) + "/task/" + std::to_string(thread);
+    const std::string call = contents_of(task + "/syscall");
+    const std::string number = call.substr(0, call.find(' '));
+    return std::ranges::any_of(std::initializer_list<long>{SYS_recvmsg, SYS_recvfrom, SYS_ppoll
+#ifdef SYS_poll
+                                                           ,
+                                                           SYS_poll
+#endif
+                               },
+                               [&](long waiting) { return number == std::to_string(waiting); });
+}
+
+size_t sockets_of(pid_t process)
+{
+    size_t sockets = 0;
+    for (const auto &entry : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/fd")) {
+        std::error_code gone;
+        sockets += std::filesystem::read_symlink(entry.path(), gone).string().starts_with("socket:");
+    }
+    return sockets;
+}
+
+TestFolder::TestFolder()
+{
+    char name[] = "/tmp/quillon-test-XXXXXX";
+    if (mkdtemp(name) == nullptr) {
+        throw std::system_error(errno, std::generic_category(), "mkdtemp");
+    }
+    path_ = name;
+}
+
+TestFolder::~TestFolder()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::vector<std::string> TestFolder::entries() const
+{
+    std::vector<std::string> names;
+    for (const auto &entry : std::filesystem::directory_iterator(path_)) {
+        names.push_back(entry.path().filename());
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+std::string contents_of(const std::string &path)
+{
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace quillon::test

@@ -1,0 +1,29 @@
+# The programs under test, run as processes of their own.
+add_library(e2e_support STATIC
+  e2e/support/child.cpp
+  e2e/support/driver_process.cpp
+  e2e/support/observe.cpp
+  e2e/support/raw_queue.cpp)
+target_include_directories(e2e_support PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+target_compile_definitions(e2e_support PRIVATE
+  QUILLON_DRIVER="$<TARGET_FILE:quillon_driver>"
+  QUILLON_RUN="$<TARGET_FILE:quillon_run>")
+target_link_libraries(e2e_support PUBLIC quillon_queue_server test_support GTest::gtest)
+add_dependencies(e2e_support quillon_driver quillon_run)
+
+# An application process. It has a system() of its own, to which libquillon binds.
+add_executable(e2e_client e2e/client.cpp)
+target_link_libraries(e2e_client PRIVATE quillon quillon_platform Threads::Threads)
+set_target_properties(e2e_client PROPERTIES ENABLE_EXPORTS ON)
+
+quillon_test(e2e_tests
+  e2e/driver_death_test.cpp
+  e2e/malformed_requests_test.cpp
+  e2e/port_map_test.cpp
+  e2e/run_test.cpp
+  e2e/support/client_process.cpp)
+target_compile_definitions(e2e_tests PRIVATE
+  QUILLON_CLIENT="$<TARGET_FILE:e2e_client>"
+  QUILLON_PORT_MAP="$<TARGET_FILE:port_map>")
+target_link_libraries(e2e_tests PRIVATE e2e_support GTest::gmock)
+add_dependencies(e2e_tests e2e_client port_map)

@@ -1,0 +1,14 @@
+quillon_test(platform_tests
+  platform/client_process_test.cpp
+  platform/driver_loss_test.cpp
+  platform/exchange_test.cpp
+  platform/queue_server_test.cpp
+  platform/runtime_folder_test.cpp
+  platform/support.cpp)
+target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform quillon_queue_server)
+
+# It puts a malloc() of its own in place, as the sanitizers do.
+if(NOT QUILLON_SANITIZE)
+  quillon_test(platform_heap_test platform/heap_test.cpp platform/support.cpp)
+  target_link_libraries(platform_heap_test PRIVATE quillon_platform quillon_queue_server)
+endif()
