@@ -1,18 +1,51 @@
 /*
- * Client of the routing service of the driver process.
+ * Client of the routing service of the driver process: L3 interfaces and routes.
  *
- * Every function may be called from any thread once the start-up function has run.
+ * Every request function asks the driver process, waits for its answer without a time-out and returns its verdict.
+ * Unless a function says otherwise:
+ *
+ * - A function that returns a uint8_t returns 1 when the driver process did what was asked and 0 when it refused.
+ * - A function that returns a uint32_t returns a status code of the driver process, as it is.
+ * - Outputs, and entries that are copied back, are written whenever the exchange with the driver process succeeded,
+ *   also when it refused.
+ * - When the exchange fails (no driver process, or it died), the function prints a failure report and the line
+ *   "<function>:SYSFUN_SendRequestMsg fail! (<status>)" on standard output, runs "cat /proc/<task>/ustack" to dump the
+ *   calling task's stack, writes no output and copies no entry back. What it then returns stands beside it: 0 or 7.
+ * - Arguments are not tested here, pointers not for null: the driver process refuses what it does not know.
+ * - Any thread may call it once DEV_SWDRVL3_PMGR_InitiateProcessResource has run.
+ *
+ * Arguments that are named by their position (`arg1`, ...) are numbers of devices, interfaces and VLANs. They are
+ * passed to the driver process as they are; what each means is the driver process's to say.
+ *
+ * `mac` points to a MAC address of 6 bytes, in the order in which they are sent on a wire.
  */
 #ifndef QUILLON_SWDRVL3_H
 #define QUILLON_SWDRVL3_H
 
 #include <stdint.h>
 
+#include "quillon/record.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
 
 #pragma GCC visibility push(default)
+
+/*
+ * A route to one host: 72 bytes. What they hold is the driver process's to say. It fills hardware information in as
+ * well, which is why most requests copy the entry back.
+ */
+typedef struct HostRouteEntry {
+    uint64_t words[9];
+} HostRouteEntry;
+QUILLON_RECORD_SIZE(HostRouteEntry, 72);
+
+/* A route to a network: 80 bytes, otherwise as HostRouteEntry. */
+typedef struct NetRouteEntry {
+    uint64_t words[10];
+} NetRouteEntry;
+QUILLON_RECORD_SIZE(NetRouteEntry, 80);
 
 /*
  * Attaches the process to the driver process's queue of key 24. To be called once, before the family's first request
@@ -23,6 +56,209 @@ extern "C" {
  * on standard output and returns; requests then fail, each with its failure report.
  */
 void DEV_SWDRVL3_PMGR_InitiateProcessResource(void);
+
+/* ---- Routing on and off ---- */
+
+/* Switches the protection against storms of unicast packets on. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_EnableUnicastStormProtect(uint32_t arg1, uint32_t arg2);
+
+/* Switches the protection against storms of unicast packets off. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DisableUnicastStormProtect(uint32_t arg1, uint32_t arg2);
+
+/* Switches routing on. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_EnableRouting(uint32_t arg1, uint32_t arg2);
+
+/* Switches the routing of IPv4 on. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_EnableIPv4Routing(uint32_t arg1, uint32_t arg2);
+
+/* Switches the routing of IPv6 on. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_EnableIPv6Routing(uint32_t arg1, uint32_t arg2);
+
+/* Switches routing off. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DisableRouting(uint32_t arg1, uint32_t arg2);
+
+/* Switches the routing of IPv4 off. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DisableIPv4Routing(uint32_t arg1, uint32_t arg2);
+
+/* Switches the routing of IPv6 off. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DisableIPv6Routing(uint32_t arg1, uint32_t arg2);
+
+/* ---- L3 interfaces and router MAC addresses ---- */
+
+/*
+ * Creates an L3 interface with the MAC address `mac` and stores its identifier in `*interface_id`: the driver process's
+ * answer whatever the status code.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_CreateL3Interface(uint32_t arg1, uint32_t arg2, const uint8_t *mac, uint32_t *interface_id);
+
+/*
+ * Deletes an L3 interface with the MAC address `mac`. Its numbers are not placed as those of
+ * DEV_SWDRVL3_PMGR_CreateL3Interface: `arg1` stands where that has the identifier of the interface, followed by `arg2`
+ * and `arg4`.
+ *
+ * Returns 0 when the exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_DeleteL3Interface(uint32_t arg1, uint32_t arg2, const uint8_t *mac, uint32_t arg4);
+
+/* Adds a router MAC address. Returns the status code, and 7 when the exchange fails. */
+uint32_t DEV_SWDRVL3_PMGR_AddL3Mac(uint32_t arg1, const uint8_t *mac);
+
+/* Deletes a router MAC address. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DeleteL3Mac(uint32_t arg1, const uint8_t *mac);
+
+/* Sets the L3 bit of a MAC address. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_SetL3Bit(uint32_t arg1, const uint8_t *mac);
+
+/* Clears the L3 bit of a MAC address. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_UnSetL3Bit(uint32_t arg1, const uint8_t *mac);
+
+/*
+ * Asks the driver process nothing, changes nothing and returns 1. Arguments that a caller passes are ignored.
+ */
+uint8_t DEV_SWDRVL3_PMGR_SetL3InterfaceMtu(void);
+
+/* ---- Host and network routes ---- */
+
+/*
+ * Installs a host route or changes it. `*entry` (72 bytes) is sent whole and copied back whole.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_SetInetHostRoute(HostRouteEntry *entry);
+
+/* Removes a host route. `*entry` is sent whole and copied back whole. Returns 0 when the exchange fails. */
+uint8_t DEV_SWDRVL3_PMGR_DeleteInetHostRoute(HostRouteEntry *entry);
+
+/*
+ * Adds a network route. `*entry` (80 bytes) is sent whole and copied back whole; `arg2`, 64 bits, is passed to the
+ * driver process as it is.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_AddInetNetRoute(NetRouteEntry *entry, uint64_t arg2);
+
+/*
+ * Removes a network route; its arguments are those of DEV_SWDRVL3_PMGR_AddInetNetRoute.
+ *
+ * Returns 1 or 0, but 7 when the exchange fails: compare with 1.
+ */
+uint8_t DEV_SWDRVL3_PMGR_DeleteInetNetRoute(NetRouteEntry *entry, uint64_t arg2);
+
+/*
+ * Adds the host route of an address of the switch itself. `*entry` is sent whole and not copied back.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_AddInetMyIpHostRoute(const HostRouteEntry *entry);
+
+/*
+ * Removes the host route of an address of the switch itself. `*entry` is sent whole and not copied back.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_DeleteInetMyIpHostRoute(const HostRouteEntry *entry);
+
+/* ---- Equal-cost multi-path routes ---- */
+
+/*
+ * Adds a network route with several next hops. `*entry` is sent whole and copied back whole.
+ *
+ * `next_hops` points to `count` next hops of 64 bits each, 8 at most. The bound is the caller's to keep: a debug build
+ * of the library stops at a larger `count`, another one writes past its buffer. With `count` 0 the pointer is not
+ * looked at.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_AddInetECMPRouteMultiPath(NetRouteEntry *entry, const uint64_t *next_hops, uint32_t count);
+
+/*
+ * Removes a network route with all its next hops. `*entry` is sent whole and copied back whole. Returns 0 when the
+ * exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_DeleteInetECMPRoute(NetRouteEntry *entry);
+
+/*
+ * Adds one next hop to a network route. `*entry` is sent whole and copied back whole; `next_hop` and `arg3`, 8 bits,
+ * are passed to the driver process as they are.
+ *
+ * Returns the status code, and 7 when the exchange fails.
+ */
+uint32_t DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(NetRouteEntry *entry, uint64_t next_hop, uint8_t arg3);
+
+/*
+ * Removes one next hop from a network route; its arguments are those of DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath, but
+ * `*entry` is not copied back. Returns 0 when the exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_DeleteInetECMPRouteOnePath(const NetRouteEntry *entry, uint64_t next_hop, uint8_t arg3);
+
+/* ---- Special default route, hit bits and hardware information ---- */
+
+/*
+ * Sets the special default route. Bytes 4 to 79 of `*entry` are sent; `arg2` takes the place of its first four bytes,
+ * which are not sent. The entry is not copied back. Returns 0 when the exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_SetSpecialDefaultRoute(const NetRouteEntry *entry, uint32_t arg2);
+
+/*
+ * Removes the special default route; its arguments are those of DEV_SWDRVL3_PMGR_SetSpecialDefaultRoute. Returns 0 when
+ * the exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_DeleteSpecialDefaultRoute(const NetRouteEntry *entry, uint32_t arg2);
+
+/*
+ * Stores in `*hit` the hit bit of a host route and clears it in the hardware. `*entry` is sent whole and not copied
+ * back. Returns 0 when the exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_ReadAndClearHostRouteEntryHitBit(const HostRouteEntry *entry, uint32_t *hit);
+
+/*
+ * Asks the driver process nothing and returns 1, without reading or clearing a hit bit. Arguments that a caller passes
+ * are ignored, and none of them is written to.
+ */
+uint8_t DEV_SWDRVL3_PMGR_ReadAndClearNetRouteEntryHitBit(void);
+
+/*
+ * Clears the hardware information of a host route. `*entry` is sent whole and copied back whole. Returns 0 when the
+ * exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_ClearHostRouteHWInfo(HostRouteEntry *entry);
+
+/*
+ * Clears the hardware information of a network route. `*entry` is sent whole and copied back whole. Returns 0 when the
+ * exchange fails.
+ */
+uint8_t DEV_SWDRVL3_PMGR_ClearNetRouteHWInfo(NetRouteEntry *entry);
+
+/* ---- Tunnels ---- */
+
+/*
+ * The driver process has no tunnels. These functions ask it nothing, change nothing and return a constant: 0 when a
+ * tunnel or its route is to be added or changed, or the route deleted, and 1 when one of its ends is to be deleted.
+ * Arguments that a caller passes are ignored.
+ */
+
+/* Returns 0. */
+uint8_t DEV_SWDRVL3_PMGR_AddTunnelInitiator(void);
+
+/* Returns 0. */
+uint8_t DEV_SWDRVL3_PMGR_UpdateTunnelTtl(void);
+
+/* Returns 0. */
+uint8_t DEV_SWDRVL3_PMGR_AddTunnelTerminator(void);
+
+/* Returns 0. */
+uint8_t DEV_SWDRVL3_PMGR_AddInetHostTunnelRoute(void);
+
+/* Returns 1. */
+uint8_t DEV_SWDRVL3_PMGR_DeleteTunnelTerminator(void);
+
+/* Returns 1. */
+uint8_t DEV_SWDRVL3_PMGR_DeleteTunnelInitiator(void);
+
+/* Returns 0. */
+uint8_t DEV_SWDRVL3_PMGR_DeleteInetHostTunnelRoute(void);
 
 #pragma GCC visibility pop
 
