@@ -95,6 +95,65 @@ struct HostRouteHit {
 };
 static_assert(offsetof(HostRouteHit, hit) == 72);
 
+struct IpmcSwitch {
+    uint32_t arg1;
+    uint32_t arg2;
+    uint32_t arg3;
+};
+
+// What every request on a multicast entry begins with.
+struct McastEntryKey {
+    uint32_t arg1;
+    std::array<uint8_t, 16> group;
+    std::array<uint8_t, 16> source;
+    uint32_t arg2;
+};
+static_assert(offsetof(McastEntryKey, source) == 20 && offsetof(McastEntryKey, arg2) == 36);
+
+struct L2mcEntry {
+    McastEntryKey key;
+    std::array<uint8_t, 8> arg5;
+};
+static_assert(offsetof(L2mcEntry, arg5) == 40);
+
+struct L3mcEntry {
+    McastEntryKey key;
+    Unused<12> unused;
+};
+
+// The last two arguments change places.
+struct L3mcPort {
+    McastEntryKey key;
+    uint32_t arg6;
+    uint32_t arg5;
+    Unused<4> unused;
+};
+static_assert(offsetof(L3mcPort, arg6) == 40 && offsetof(L3mcPort, arg5) == 44);
+
+struct L3mcEntryStat {
+    McastEntryKey key;
+    Unused<8> unused;
+    uint32_t value;
+};
+static_assert(offsetof(L3mcEntryStat, value) == 48);
+
+struct L3mcNewEntry {
+    McastEntryKey key;
+    std::array<uint8_t, 8> arg5;
+    Padded<uint8_t> arg6;
+    McastEntryBlock block;
+};
+static_assert(offsetof(L3mcNewEntry, arg6) == 48 && offsetof(L3mcNewEntry, block) == 52);
+
+// As large as a new entry, of whose block it has no more than the beginning.
+struct L3mcInterface {
+    McastEntryKey key;
+    Unused<12> unused;
+    McastInterface interface;
+    Unused<sizeof(McastEntryBlock) - sizeof(McastInterface)> rest_of_block;
+};
+static_assert(offsetof(L3mcInterface, interface) == 52 && sizeof(L3mcInterface) == sizeof(L3mcNewEntry));
+
 // Routing on and off.
 using EnableUnicastStormProtect = Command<0, RoutingSwitch>;
 using DisableUnicastStormProtect = Command<1, RoutingSwitch>;
@@ -130,5 +189,24 @@ using DeleteSpecialDefaultRoute = Command<34, SpecialDefaultRoute>;
 using ReadAndClearHostRouteEntryHitBit = Command<35, HostRouteHit, HostRouteHit>;
 using ClearHostRouteHWInfo = Command<37, HostRouteEntry, HostRouteEntry>;
 using ClearNetRouteHWInfo = Command<38, NetRouteEntry, NetRouteEntry>;
+
+// IP multicast.
+using ipmc_enable = MulticastCommand<100, IpmcSwitch>;
+using ipmc_disable = MulticastCommand<101, Unused<8>>;
+using ipmc_debug_enable = MulticastCommand<102, Unused<8>>;
+using ipmc_debug_disable = MulticastCommand<103, Unused<8>>;
+using l2mc_entry_add = MulticastCommand<106, L2mcEntry>;
+using l2mc_entry_del = MulticastCommand<107, L2mcEntry>;
+using l3mc_port_add = MulticastCommand<108, L3mcPort>;
+using l3mc_port_del = MulticastCommand<109, L3mcPort>;
+using l3mc_dnintf_add = MulticastCommand<110, L3mcInterface>;
+using l3mc_dnintf_del = MulticastCommand<111, L3mcInterface>;
+using l3mc_entry_add = MulticastCommand<112, L3mcNewEntry>;
+using l3mc_entry_del = MulticastCommand<113, L3mcEntry>;
+using l3mc_entry_stat = MulticastCommand<114, L3mcEntryStat>;
+using l3mc_cpu_port_add = MulticastCommand<115, L3mcEntry>;
+using l3mc_cpu_port_del = MulticastCommand<116, L3mcEntry>;
+using l3mc_repl_add = MulticastCommand<117, L3mcInterface>;
+using l3mc_repl_del = MulticastCommand<118, L3mcInterface>;
 
 }  // namespace quillon::swdrvl3

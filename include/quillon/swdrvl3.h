@@ -1,5 +1,5 @@
 /*
- * Client of the routing service of the driver process: L3 interfaces and routes.
+ * Client of the routing service of the driver process: L3 interfaces, routes, IP multicast.
  *
  * Every request function asks the driver process, waits for its answer without a time-out and returns its verdict.
  * Unless a function says otherwise:
@@ -10,7 +10,8 @@
  *   also when it refused.
  * - When the exchange fails (no driver process, or it died), the function prints a failure report and the line
  *   "<function>:SYSFUN_SendRequestMsg fail! (<status>)" on standard output, runs "cat /proc/<task>/ustack" to dump the
- *   calling task's stack, writes no output and copies no entry back. What it then returns stands beside it: 0 or 7.
+ *   calling task's stack, writes no output and copies no entry back. What it then returns stands beside it: 0, 7, or
+ *   for IP multicast what the request's buffer holds.
  * - Arguments are not tested here, pointers not for null: the driver process refuses what it does not know.
  * - Any thread may call it once DEV_SWDRVL3_PMGR_InitiateProcessResource has run.
  *
@@ -46,6 +47,23 @@ typedef struct NetRouteEntry {
     uint64_t words[10];
 } NetRouteEntry;
 QUILLON_RECORD_SIZE(NetRouteEntry, 80);
+
+/*
+ * A downstream interface or a replication of an IP multicast entry: 8 bytes and a word, 12 bytes. What they hold is the
+ * driver process's to say.
+ */
+typedef struct McastInterface {
+    uint8_t bytes[8];
+    uint32_t word;
+} McastInterface;
+QUILLON_RECORD_SIZE(McastInterface, 12);
+QUILLON_FIELD_OFFSET(McastInterface, word, 8);
+
+/* What a new layer-3 multicast entry brings: 384 bytes. What they hold is the driver process's to say. */
+typedef struct McastEntryBlock {
+    uint8_t bytes[384];
+} McastEntryBlock;
+QUILLON_RECORD_SIZE(McastEntryBlock, 384);
 
 /*
  * Attaches the process to the driver process's queue of key 24. To be called once, before the family's first request
@@ -259,6 +277,97 @@ uint8_t DEV_SWDRVL3_PMGR_DeleteTunnelInitiator(void);
 
 /* Returns 0. */
 uint8_t DEV_SWDRVL3_PMGR_DeleteInetHostTunnelRoute(void);
+
+/* ---- IP multicast ---- */
+
+/*
+ * Every function here returns the driver process's whole answer. When the exchange fails, it returns what then stands
+ * in the answer's place in the request's buffer: the code of the request, unless the platform wrote there. A failure
+ * cannot be told from an answer by the value alone; DEV_SWDRVL3_PMGR_l3mc_entry_stat alone differs.
+ *
+ * Requests on an entry name it by four arguments:
+ *   arg1, arg2   numbers, passed to the driver process as they are
+ *   group        its group address, 16 bytes
+ *   source       its source address, 16 bytes
+ * The addresses are IPv4 or IPv6; how an IPv4 address stands in the 16 bytes is the driver process's to say.
+ */
+
+/* Switches IP multicast forwarding on. When the exchange fails, returns 100 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_ipmc_enable(uint32_t arg1, uint32_t arg2, uint32_t arg3);
+
+/* Switches IP multicast forwarding off. When the exchange fails, returns 101 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_ipmc_disable(void);
+
+/* Switches the driver process's debugging of IP multicast on. When the exchange fails, returns 102 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_ipmc_debug_enable(void);
+
+/* Switches the driver process's debugging of IP multicast off. When the exchange fails, returns 103 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_ipmc_debug_disable(void);
+
+/*
+ * Adds a layer-2 multicast entry. `arg5` points to 8 bytes, which are passed to the driver process as they are. When
+ * the exchange fails, returns 106 (see above).
+ */
+uint32_t DEV_SWDRVL3_PMGR_l2mc_entry_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                         const uint8_t *arg5);
+
+/*
+ * Deletes a layer-2 multicast entry; `arg5` as in DEV_SWDRVL3_PMGR_l2mc_entry_add. When the exchange fails, returns 107
+ * (see above).
+ */
+uint32_t DEV_SWDRVL3_PMGR_l2mc_entry_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                         const uint8_t *arg5);
+
+/* Adds a port to a layer-3 multicast entry. When the exchange fails, returns 108 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_port_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                        uint32_t arg5, uint32_t arg6);
+
+/* Deletes a port from a layer-3 multicast entry. When the exchange fails, returns 109 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_port_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                        uint32_t arg5, uint32_t arg6);
+
+/* Adds a downstream interface to a layer-3 multicast entry. When the exchange fails, returns 110 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_dnintf_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                          const McastInterface *interface);
+
+/* Deletes a downstream interface from a layer-3 multicast entry. When the exchange fails, returns 111 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_dnintf_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                          const McastInterface *interface);
+
+/*
+ * Adds a layer-3 multicast entry. `arg5` points to 8 bytes; they, `arg6` and the whole `*block` are passed to the
+ * driver process as they are. When the exchange fails, returns 112 (see above).
+ */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_entry_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                         const uint8_t *arg5, uint8_t arg6, const McastEntryBlock *block);
+
+/* Deletes a layer-3 multicast entry. When the exchange fails, returns 113 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_entry_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source);
+
+/*
+ * Reads the status of a layer-3 multicast entry. `*entry_status` is sent as it is and becomes the driver process's
+ * whole answer, the status of the entry.
+ *
+ * Returns 0 when the exchange succeeded, whatever the answer. When it fails, returns the platform's status, which is
+ * not 0, and `*entry_status` is written all the same: it becomes what then stands in the answer's place, 114 unless the
+ * platform wrote there.
+ */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_entry_stat(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                          uint32_t *entry_status);
+
+/* Adds the CPU port to a layer-3 multicast entry. When the exchange fails, returns 115 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_cpu_port_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source);
+
+/* Deletes the CPU port from a layer-3 multicast entry. When the exchange fails, returns 116 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_cpu_port_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source);
+
+/* Adds a replication to a layer-3 multicast entry. When the exchange fails, returns 117 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_repl_add(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                        const McastInterface *interface);
+
+/* Deletes a replication from a layer-3 multicast entry. When the exchange fails, returns 118 (see above). */
+uint32_t DEV_SWDRVL3_PMGR_l3mc_repl_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
+                                        const McastInterface *interface);
 
 #pragma GCC visibility pop
 

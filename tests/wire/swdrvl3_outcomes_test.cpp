@@ -1,4 +1,4 @@
-// What the routing family's callers hold after a refusal.
+// What the routing family's callers hold after a refusal, and after a failed exchange where that is not the usual.
 #include <gtest/gtest.h>
 
 #include "quillon/swdrvl3.h"
@@ -40,6 +40,24 @@ TEST_P(RefusedRoutingTest, StillCopiesTheReplyBack)
 
 INSTANTIATE_TEST_SUITE_P(Request, RefusedRoutingTest, testing::ValuesIn(routing_rows_with_outputs()),
                          [](const testing::TestParamInfo<WireRow> &row) { return test_name(row.param); });
+
+TEST(MulticastEntryStatusTest, IsTheRequestsCodeWhenTheExchangeFailsAndNobodyWrote)
+{
+    constexpr uint32_t failed_status = 0xFFFFFFD6;
+    constexpr uint8_t address[16] = {};
+    DEV_SWDRVL3_PMGR_InitiateProcessResource();
+    reset_platform();
+    platform().answer = [](const SentRequest &) {
+        return PlayedReply{.status = failed_status, .poisoned = false, .from_type = {}};
+    };
+    uint32_t entry_status = 0x64636261;
+
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(DEV_SWDRVL3_PMGR_l3mc_entry_stat(1, 2, address, address, &entry_status), failed_status);
+    testing::internal::GetCapturedStdout();
+
+    EXPECT_EQ(entry_status, 114);
+}
 
 }  // namespace
 }  // namespace quillon::test

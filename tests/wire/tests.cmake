@@ -16,6 +16,7 @@ quillon_recorded_test(wire_test
   wire/swdrv_storm_control.cpp
   wire/swdrv_priority.cpp
   wire/swdrv_port_status.cpp
+  wire/swdrvl3_multicast.cpp
   wire/swdrvl3_outcomes_test.cpp
   wire/swdrvl3_routes.cpp
   wire/swdrvl3_routing.cpp
