@@ -1,5 +1,5 @@
 /*
- * Client of the routing service of the driver process: L3 interfaces, routes, IP multicast.
+ * Client of the routing service of the driver process: L3 interfaces, routes, IP multicast, and the debug menu.
  *
  * Every request function asks the driver process, waits for its answer without a time-out and returns its verdict.
  * Unless a function says otherwise:
@@ -368,6 +368,28 @@ uint32_t DEV_SWDRVL3_PMGR_l3mc_repl_add(uint32_t arg1, uint32_t arg2, const uint
 /* Deletes a replication from a layer-3 multicast entry. When the exchange fails, returns 118 (see above). */
 uint32_t DEV_SWDRVL3_PMGR_l3mc_repl_del(uint32_t arg1, uint32_t arg2, const uint8_t *group, const uint8_t *source,
                                         const McastInterface *interface);
+
+/* ---- Debug menu ---- */
+
+/*
+ * Registers the routing debug menu with the platform's debug console, as subsystem 24 of the name "DEVSWDRVL3_PMGR". To
+ * be called once, during start-up, by a process that offers the menu; that process needs the console functions of the
+ * platform (quillon/platform.h), which no other function here uses.
+ *
+ * Returns what the platform's registration returned.
+ */
+uint32_t DEV_SWDRVL3_PMGR_Create_InterCSC_Relation(void);
+
+/*
+ * The menu itself. The debug console calls it when the operator enters the subsystem: it prints the menu, reads one
+ * key, acts on it and begins again. Keys 0 to 3 switch the routing of IPv4 or IPv6 on or off and print whether the
+ * request returned 1 ("TRUE") or not ("FALSE").
+ *
+ * Returns when the operator presses Q or q. When no key can be read, prints
+ * "DEV_SWDRVL3_PMGR_Backdoor_Main: BACKDOOR_MGR_GetChar fail"
+ * on standard output and returns.
+ */
+void DEV_SWDRVL3_PMGR_Backdoor_Main(void);
 
 #pragma GCC visibility pop
 
