@@ -22,8 +22,9 @@ struct StatusCommand : Command<Code, Request, Reply, Result> {
     static constexpr uint32_t failure = 7;
 };
 
-// An IP multicast request: its caller gets whatever stands in `type`, also when the exchange failed.
-template <uint32_t Code, class Request = ipc::Empty, class Reply = ipc::Empty>
+// An IP multicast request: its caller gets whatever stands in `type`, also when the exchange failed. The reply is as
+// long as the request; nothing but its `type` is looked at.
+template <uint32_t Code, class Request = ipc::Empty, class Reply = Request>
 struct MulticastCommand : Command<Code, Request, Reply, uint32_t> {
     static constexpr bool failure_is_type = true;
 };

@@ -80,6 +80,25 @@ uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time
 /* The id of the calling task: on a workstation, its Linux thread id. */
 uint32_t SYSFUN_TaskIdSelf(void);
 
+/* ---- Debug console ---- */
+
+/*
+ * Offers a subsystem on the debug console under `name` and `number`: whenever the operator enters it, the console calls
+ * `entry` on its own task and goes on when `entry` returns. libquillon passes a string constant as `name`.
+ *
+ * Returns the platform's verdict; libquillon passes it on as it is.
+ */
+uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)(void));
+
+/* Prints a text on the debug console, as printf does. */
+__attribute__((__format__(__printf__, 1, 2))) void BACKDOOR_MGR_Printf(const char *format, ...);
+
+/*
+ * Waits for one key of the operator's and returns it in the low byte, without waiting for the end of a line. The low
+ * byte 0xFF says that no key can be read; the other bytes have no meaning.
+ */
+uint32_t BACKDOOR_MGR_GetChar(void);
+
 #pragma GCC visibility pop
 
 #ifdef __cplusplus

@@ -1,6 +1,8 @@
 #include "support/recording_platform.h"
 
 #include <gtest/gtest.h>
+#include <stdarg.h>
+#include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -129,6 +131,37 @@ uint64_t recorded_send(void *handle, void *request, uint32_t wait_time, uint32_t
 uint32_t SYSFUN_TaskIdSelf(void)
 {
     return quillon::test::RecordingPlatform::task_id;
+}
+
+uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)(void))
+{
+    platform().registrations.push_back({name, number, entry});
+    return platform().registration_status;
+}
+
+void BACKDOOR_MGR_Printf(const char *format, ...)
+{
+    char text[256];
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = vsnprintf(text, sizeof text, format, arguments);
+    va_end(arguments);
+    EXPECT_LT(length, static_cast<int>(sizeof text)) << "a text is cut";
+    platform().console_texts.emplace_back(text);
+}
+
+// Only the low byte of what this returns is a key, or the failure.
+uint32_t BACKDOOR_MGR_GetChar(void)
+{
+    constexpr uint32_t high_bytes = 0xA5A5A500;
+    constexpr uint32_t failure = 0xFF;
+    std::deque<uint8_t> &keys = platform().console_keys;
+    if (keys.empty()) {
+        return high_bytes | failure;
+    }
+    const uint8_t key = keys.front();
+    keys.pop_front();
+    return high_bytes | key;
 }
 
 // Stands in for the C library's: what the library would run is looked at instead.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <set>
@@ -45,6 +46,13 @@ struct PlayedReply {
     std::vector<TextByte> from_type = {};
 };
 
+// One call of BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack.
+struct ConsoleRegistration {
+    std::string name;
+    uint32_t number;
+    void (*entry)();
+};
+
 struct RecordingPlatform {
     static constexpr uint32_t task_id = 0x87654321;
     static constexpr uint8_t poison = 0xC9;
@@ -54,6 +62,14 @@ struct RecordingPlatform {
 
     std::vector<SentRequest> sent;
     std::vector<Attach> attaches;
+    // What registering with the debug console returns.
+    uint32_t registration_status = 0;
+    // The keys that are read on the debug console. Behind the last one reading fails.
+    std::deque<uint8_t> console_keys;
+    std::vector<ConsoleRegistration> registrations;
+    // What was printed on the debug console, call by call.
+    std::vector<std::string> console_texts;
+
     // Commands handed to system(). None of them is run.
     std::vector<std::string> shell_commands;
 };

@@ -12,9 +12,19 @@ namespace {
 
 using Names = std::set<std::string>;
 
-// Work on memory of their own or of the platform: no request bears their name.
+// No request bears their name: they work on memory of their own or of the platform, or do nothing but answer.
 const Names without_request = {
+    "DEV_SWDRVL3_PMGR_AddInetHostTunnelRoute",
+    "DEV_SWDRVL3_PMGR_AddTunnelInitiator",
+    "DEV_SWDRVL3_PMGR_AddTunnelTerminator",
+    "DEV_SWDRVL3_PMGR_Backdoor_Main",
     "DEV_SWDRVL3_PMGR_Create_InterCSC_Relation",
+    "DEV_SWDRVL3_PMGR_DeleteInetHostTunnelRoute",
+    "DEV_SWDRVL3_PMGR_DeleteTunnelInitiator",
+    "DEV_SWDRVL3_PMGR_DeleteTunnelTerminator",
+    "DEV_SWDRVL3_PMGR_ReadAndClearNetRouteEntryHitBit",
+    "DEV_SWDRVL3_PMGR_SetL3InterfaceMtu",
+    "DEV_SWDRVL3_PMGR_UpdateTunnelTtl",
     "DEV_SWDRVL4_PMGR_GetSflowSampleCount",
 };
 

@@ -29,6 +29,10 @@ quillon_recorded_test(wire_test
   wire/swdrv_phy.cpp
   wire/swdrv_oam.cpp
   wire/swdrv_twsi_poe.cpp
+  wire/swdrvl3_multicast.cpp
+  wire/swdrvl3_outcomes_test.cpp
+  wire/swdrvl3_routes.cpp
+  wire/swdrvl3_routing.cpp
   wire/swdrvl4_cos_mapping.cpp
   wire/swdrvl4_port_isolation.cpp
   wire/swdrvl4_rate_and_scheduling.cpp

@@ -1,0 +1,2 @@
+quillon_recorded_test(debug_menu_test swdrvl3/debug_menu_test.cpp)
+target_link_libraries(debug_menu_test PRIVATE quillon)
