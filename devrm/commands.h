@@ -59,7 +59,7 @@ static_assert(offsetof(RuleSetting, pattern) == 12 && offsetof(RuleSetting, acti
 // The third argument stands before the second.
 struct RuleDestruction {
     uint32_t a1;
-    ipc::Unused<4> unused{};
+    ipc::UnusedWord unused{};
     uint32_t a3;
     uint32_t a2;
     Trailer trailer{};
@@ -70,7 +70,7 @@ struct MeterUpdate {
     uint32_t a1;
     uint32_t a2;
     uint32_t a3;
-    ipc::Unused<4> unused{};
+    ipc::UnusedWord unused{};
     RuleMeter meter;
     Trailer trailer{};
 };

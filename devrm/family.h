@@ -16,7 +16,7 @@ struct Family : ipc::Family<127, 24> {
 struct MainQueue : ipc::Queue<24> {};
 
 // Every member of the family, request or reply, ends with a word that is counted and that nobody fills.
-using Trailer = ipc::Unused<4>;
+using Trailer = ipc::UnusedWord;
 
 template <uint32_t Code, class Request = Trailer, class Reply = Trailer, class Result = uint8_t>
 using Command = ipc::Command<Family, MainQueue, Code, Request, Reply, Result>;

@@ -20,6 +20,11 @@ struct Unused {
     std::array<uint8_t, Size> bytes{};
 };
 
+// The same for a whole word among words, which compilers store without a detour over an array.
+struct UnusedWord {
+    uint32_t word = 0;
+};
+
 // A field narrower than the word it stands in, and the padding up to the end of that word, stored as one.
 template <class T>
 class Padded {

@@ -13,6 +13,7 @@
 namespace quillon::nmtrdrv {
 
 using ipc::Unused;
+using ipc::UnusedWord;
 
 // All members count four bytes behind their fields that nobody fills.
 using NoFields = Unused<4>;
@@ -20,14 +21,14 @@ using NoFields = Unused<4>;
 struct Port {
     uint32_t unit;
     uint32_t port;
-    Unused<4> unused{};
+    UnusedWord unused{};
 };
 
 struct StatsRangeReq {
     uint32_t selector;
     uint32_t first_port;
     uint32_t last_port;
-    Unused<4> unused{};
+    UnusedWord unused{};
 
     // In 32 bits: a range may end at the largest port number, and one that ends in front of its first port is empty.
     constexpr uint32_t ports() const { return last_port + 1 - first_port; }
@@ -39,12 +40,12 @@ struct Stats {
     static constexpr uint32_t max_ports = QUILLON_STATS_PORTS;
 
     std::array<Record, max_ports> records;
-    Unused<4> unused{};
+    UnusedWord unused{};
 };
 
 struct Ability {
     StatsAbility value;
-    Unused<4> unused{};
+    Unused<4> unused{};  // not a word: it follows ten bytes at once
 };
 
 // Clearing.

@@ -15,6 +15,7 @@ namespace quillon::swdrv {
 using ipc::Empty;
 using ipc::Padded;
 using ipc::Unused;
+using ipc::UnusedWord;
 
 struct Flag {
     uint8_t value;
@@ -161,7 +162,7 @@ struct VlanPortsAndUnusedWord {
     uint32_t value1;
     uint32_t value2;
     uint32_t port_bitmap;
-    Unused<4> unused{};
+    UnusedWord unused{};
 };
 
 using SetPortPVID = Command<38, PortVlan>;
@@ -498,7 +499,7 @@ struct WordFlag {
 
 struct UnitId {
     uint32_t value;
-    Unused<4> unused{};
+    UnusedWord unused{};
 };
 
 using SetPortComboForcedMode = Command<131, ComboForcedMode>;
@@ -663,7 +664,7 @@ struct OamExceptionRecovery {
     Padded<uint8_t> oam_sel;
     uint32_t entry_index;
     uint32_t param1;
-    Unused<4> unused{};
+    UnusedWord unused{};
 };
 static_assert(offsetof(OamExceptionRecovery, entry_index) == 4);
 
@@ -699,7 +700,7 @@ static_assert(offsetof(OamBinding, param1) == 4);
 
 struct OamWait {
     uint32_t event;
-    Unused<4> unused{};
+    UnusedWord unused{};
     uint64_t event_handle;
     Padded<uint8_t> wait_forever;
     uint32_t timeout;
