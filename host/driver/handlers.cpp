@@ -5,6 +5,8 @@ namespace quillon::driver {
 void add_handlers(Dispatcher &dispatcher, SharedSwitch &model)
 {
     add_swdrv_mapping(dispatcher, model);
+    add_swdrv_port_config(dispatcher, model);
+    add_swdrv_port_status(dispatcher, model);
 }
 
 }  // namespace quillon::driver

@@ -11,5 +11,7 @@ namespace quillon::driver {
 void add_handlers(Dispatcher &dispatcher, SharedSwitch &model);
 
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_port_status(Dispatcher &dispatcher, SharedSwitch &model);
 
 }  // namespace quillon::driver

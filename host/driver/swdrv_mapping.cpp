@@ -3,21 +3,11 @@
 #include <optional>
 
 #include "host/driver/handlers.h"
+#include "host/driver/request_values.h"
 #include "swdrv/commands.h"
 
 namespace quillon::driver {
 namespace {
-
-LogicalPort logical(const auto &request)
-{
-    return {.unit = request.unit, .port = request.port};
-}
-
-// A flag is a byte on the wire; only two of its values mean something.
-std::optional<bool> as_bool(uint8_t value)
-{
-    return value <= 1 ? std::optional(value == 1) : std::nullopt;
-}
 
 std::optional<ForcedLeds> forced_leds(const swdrv::ForcedLed &request)
 {
@@ -78,7 +68,7 @@ void add_overrides(Dispatcher &dispatcher, SharedSwitch &model)
     dispatcher.on<swdrv::SetPortForceLinkDownStatus>([&model](const swdrv::PortFlag &request) {
         const auto link_down = as_bool(request.value);
         const auto access = model.lock();
-        PortOverrides *const overrides = access->overrides.find(logical(request));
+        PortOverrides *const overrides = access->chips.overrides.find(logical(request));
         if (overrides == nullptr || !link_down) {
             return false;
         }
@@ -88,7 +78,7 @@ void add_overrides(Dispatcher &dispatcher, SharedSwitch &model)
     dispatcher.on<swdrv::SetPortForceLEDStatus>([&model](const swdrv::ForcedLed &request) {
         auto leds = forced_leds(request);
         const auto access = model.lock();
-        PortOverrides *const overrides = access->overrides.find(logical(request));
+        PortOverrides *const overrides = access->chips.overrides.find(logical(request));
         if (overrides == nullptr || !leds) {
             return false;
         }

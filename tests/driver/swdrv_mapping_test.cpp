@@ -25,7 +25,7 @@ struct MappingTest : testing::Test {
         return reply ? text_of(std::span(*reply).subspan(16)) : "no reply";
     }
 
-    PortOverrides overrides(uint32_t unit, uint32_t port) { return *model.lock()->overrides.find({unit, port}); }
+    PortOverrides overrides(uint32_t unit, uint32_t port) { return *model.lock()->chips.overrides.find({unit, port}); }
 
     SharedSwitch model{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
     ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, model); }};

@@ -3,8 +3,13 @@ find_package(GTest REQUIRED)
 quillon_test(driver_tests
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
+  driver/port_status_test.cpp
   driver/process_test.cpp
   driver/stack_test.cpp
-  driver/swdrv_mapping_test.cpp)
+  driver/swdrv_encoding_test.cpp
+  driver/swdrv_mapping_test.cpp
+  driver/swdrv_port_config_test.cpp
+  driver/swdrv_port_status_test.cpp
+  driver/switch_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
-target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts GTest::gmock)
+target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts quillon quillon_platform GTest::gmock)

@@ -2,22 +2,44 @@
 // are put together.
 #pragma once
 
+#include <stdint.h>
+
+#include <optional>
+
 #include "host/driver/model/guarded.h"
+#include "host/driver/model/line.h"
+#include "host/driver/model/link_scan.h"
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/port_overrides.h"
+#include "host/driver/model/port_settings.h"
+#include "host/driver/model/port_status.h"
 #include "host/driver/model/stack.h"
 
 namespace quillon::driver {
 
+// What the chips hold, and lose when they are reset.
+struct ChipState {
+    explicit ChipState(const Stack &stack);
+
+    PerPort<PortOverrides> overrides;
+    PerPort<PortSettings> ports;
+    bool hg_ports_admin_up = false;
+    LinkScan link_scan;
+};
+
 class Switch {
   public:
-    explicit Switch(const StackShape &shape) : stack(shape), overrides(stack) {}
+    explicit Switch(const StackShape &shape);
 
     // Puts the chips back in the state that they start in.
-    void reset_chips() { overrides.reset(); }
+    void reset_chips() { chips = ChipState(stack); }
+
+    // Nothing for a port that does not exist.
+    std::optional<RunningPort> running_port(const LogicalPort &port) const;
 
     const Stack stack;
-    PerPort<PortOverrides> overrides;
+    ChipState chips;
+    PerPort<Line> lines;
 };
 
 using SharedSwitch = Guarded<Switch>;

@@ -1,0 +1,28 @@
+#include "host/driver/model/switch.h"
+
+namespace quillon::driver {
+namespace {
+
+// A value that depends on nothing but the type of the port.
+template <class T>
+PerPort<T> by_port_type(const Stack &stack)
+{
+    return {stack, [&stack](const LogicalPort &port) { return T(port_type_of(port.port, stack.shape().ports)); }};
+}
+
+}  // namespace
+
+ChipState::ChipState(const Stack &stack) : overrides(stack), ports(by_port_type<PortSettings>(stack)) {}
+
+Switch::Switch(const StackShape &shape) : stack(shape), chips(stack), lines(by_port_type<Line>(stack)) {}
+
+std::optional<RunningPort> Switch::running_port(const LogicalPort &port) const
+{
+    const PortSettings *const settings = chips.ports.find(port);
+    if (settings == nullptr) {
+        return std::nullopt;
+    }
+    return RunningPort(*settings, *lines.find(port), chips.overrides.find(port)->link_down);
+}
+
+}  // namespace quillon::driver

@@ -1,0 +1,171 @@
+// How the switch driver's requests encode what they set and ask for. docs/driver-encodings.md tells it to their
+// callers.
+#pragma once
+
+#include <stddef.h>
+#include <stdint.h>
+
+#include <array>
+#include <bit>
+#include <optional>
+
+#include "host/driver/encoding.h"
+#include "host/driver/model/negotiation.h"
+#include "host/driver/model/port_settings.h"
+#include "host/driver/model/port_status.h"
+#include "host/driver/model/port_type.h"
+#include "host/driver/model/stack.h"
+#include "quillon/swdrv.h"
+
+namespace quillon::driver {
+
+// ---- Ports ----
+
+template <>
+inline constexpr auto codes<PortType> = std::to_array<Code<PortType>>({
+    {1, PortType::copper},
+    {2, PortType::sfp},
+    {3, PortType::sfp_plus},
+});
+
+// Odd is half duplex, even is full duplex. No port runs at 5, a gigabit at half duplex, or at 7.
+template <>
+inline constexpr auto codes<SpeedDuplex> = std::to_array<Code<SpeedDuplex>>({
+    {1, SpeedDuplex::ten_half},
+    {2, SpeedDuplex::ten_full},
+    {3, SpeedDuplex::hundred_half},
+    {4, SpeedDuplex::hundred_full},
+    {6, SpeedDuplex::gigabit_full},
+    {8, SpeedDuplex::ten_gigabit_full},
+});
+
+// A link that is down runs at none.
+inline constexpr uint32_t no_speed_duplex = 0;
+
+constexpr uint32_t encoded(const std::optional<SpeedDuplex> &speed_duplex)
+{
+    return speed_duplex ? encoded(*speed_duplex) : no_speed_duplex;
+}
+
+inline constexpr uint32_t link_down = 0;
+inline constexpr uint32_t link_up = 1;
+
+constexpr uint32_t encoded_link(const PortStatus &status)
+{
+    return status.link_up() ? link_up : link_down;
+}
+
+template <>
+inline constexpr auto codes<FlowControl> = std::to_array<Code<FlowControl>>({
+    {0, {.receive = false, .transmit = false}},
+    {1, {.receive = true, .transmit = false}},
+    {2, {.receive = false, .transmit = true}},
+    {3, {.receive = true, .transmit = true}},
+});
+
+template <>
+inline constexpr auto codes<OpticsLed> = std::to_array<Code<OpticsLed>>({
+    {0, OpticsLed::off},
+    {1, OpticsLed::on},
+    {2, OpticsLed::blinking},
+});
+
+// ---- Negotiation: the numbers of MAU-MIB (RFC 4836) ----
+
+template <>
+inline constexpr auto codes<LinkMode> = std::to_array<Code<LinkMode>>({
+    {1U << 1, LinkMode::base10_t_half},
+    {1U << 2, LinkMode::base10_t_full},
+    {1U << 4, LinkMode::base100_tx_half},
+    {1U << 5, LinkMode::base100_tx_full},
+    {1U << 13, LinkMode::base1000_x_full},
+    {1U << 15, LinkMode::base1000_t_full},
+});
+
+inline constexpr uint32_t capability_asymmetric_pause = 1U << 9;
+inline constexpr uint32_t capability_symmetric_pause = 1U << 10;
+inline constexpr uint32_t capability_both_pauses = 1U << 11;
+
+// Nothing when a bit means nothing.
+constexpr std::optional<Advertisement> decoded_capability(uint32_t bits)
+{
+    Advertisement advertised;
+    for (; bits != 0; bits &= bits - 1) {
+        const uint32_t bit = 1U << std::countr_zero(bits);
+        if (bit == capability_asymmetric_pause) {
+            advertised.asymmetric_pause = true;
+        } else if (bit == capability_symmetric_pause) {
+            advertised.pause = true;
+        } else if (bit == capability_both_pauses) {
+            advertised.pause = advertised.asymmetric_pause = true;
+        } else if (const auto mode = decoded<LinkMode>(bit)) {
+            advertised.modes.insert(*mode);
+        } else {
+            return std::nullopt;
+        }
+    }
+    return advertised;
+}
+
+constexpr uint32_t encoded_capability(const Advertisement &advertised)
+{
+    uint32_t bits = 0;
+    for (const Code<LinkMode> &mode : codes<LinkMode>) {
+        bits |= advertised.modes.contains(mode.meaning) ? mode.value : 0;
+    }
+    if (advertised.pause && advertised.asymmetric_pause) {
+        bits |= capability_both_pauses;
+    } else if (advertised.pause) {
+        bits |= capability_symmetric_pause;
+    } else if (advertised.asymmetric_pause) {
+        bits |= capability_asymmetric_pause;
+    }
+    return bits;
+}
+
+template <>
+inline constexpr auto codes<RemoteFault> = std::to_array<Code<RemoteFault>>({
+    {1, RemoteFault::none},
+    {2, RemoteFault::offline},
+    {3, RemoteFault::link_fault},
+    {4, RemoteFault::negotiation_error},
+});
+
+template <>
+inline constexpr auto codes<NegotiationState> = std::to_array<Code<NegotiationState>>({
+    {2, NegotiationState::configuring},
+    {3, NegotiationState::complete},
+    {4, NegotiationState::disabled},
+});
+
+inline constexpr uint32_t signalling_detected = 1;
+inline constexpr uint32_t signalling_not_detected = 2;
+
+template <>
+inline constexpr auto codes<JabberState> = std::to_array<Code<JabberState>>({
+    {2, JabberState::unknown},
+    {3, JabberState::none},
+    {4, JabberState::jabbering},
+});
+
+// ---- Blocks of ports ----
+
+// A block is asked for by unit, first port and number of ports. The entry of a port is what its own request answers.
+struct PortBlock {
+    static constexpr size_t most_entries = 89;
+
+    uint32_t count;
+    std::array<uint32_t, most_entries> entries;
+};
+static_assert(sizeof(PortBlock) == sizeof(port_state_block));
+static_assert(PortBlock::most_entries >= StackShape::most_ports, "a block holds a whole unit");
+
+// All of it in one entry, a byte each.
+constexpr uint32_t encoded_status(const PortStatus &status)
+{
+    const uint32_t admin_up = status.admin_up ? 1 : 0;
+    return encoded_link(status) | encoded(status.speed_duplex) << 8 | encoded(status.flow_control) << 16 |
+           admin_up << 24;
+}
+
+}  // namespace quillon::driver

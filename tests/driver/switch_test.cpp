@@ -1,0 +1,48 @@
+#include "host/driver/model/switch.h"
+
+#include <gtest/gtest.h>
+
+namespace quillon::driver {
+namespace {
+
+constexpr LogicalPort port{2, 3};
+
+struct SwitchTest : testing::Test {
+    ChipState &chips() { return model.chips; }
+
+    Switch model{StackShape{}};
+};
+
+TEST_F(SwitchTest, PutsThePartsOfAPortTogether)
+{
+    EXPECT_EQ(model.running_port(port)->status().speed_duplex, SpeedDuplex::gigabit_full);
+    chips().overrides.find(port)->link_down = true;
+    EXPECT_FALSE(model.running_port(port)->status().link_up());
+    chips().overrides.find(port)->link_down = false;
+    model.lines.find(port)->plugged = false;
+    EXPECT_FALSE(model.running_port(port)->status().link_up());
+    EXPECT_TRUE(model.running_port({1, 3})->status().link_up());
+    EXPECT_EQ(model.running_port({1, 28})->status().speed_duplex, SpeedDuplex::ten_gigabit_full);
+    EXPECT_FALSE(model.running_port({1, 29}));
+}
+
+// What is outside the chips stays as it is.
+TEST_F(SwitchTest, ResetsTheChips)
+{
+    chips().ports.find(port)->set_admin_up(false);
+    chips().overrides.find(port)->link_down = true;
+    chips().hg_ports_admin_up = true;
+    chips().link_scan.registered = true;
+    model.lines.find(port)->plugged = false;
+
+    model.reset_chips();
+
+    EXPECT_TRUE(chips().ports.find(port)->admin_up());
+    EXPECT_EQ(*chips().overrides.find(port), PortOverrides{});
+    EXPECT_FALSE(chips().hg_ports_admin_up);
+    EXPECT_FALSE(chips().link_scan.registered);
+    EXPECT_FALSE(model.lines.find(port)->plugged);
+}
+
+}  // namespace
+}  // namespace quillon::driver
