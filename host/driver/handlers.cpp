@@ -6,6 +6,8 @@ void add_handlers(Dispatcher &dispatcher, SharedSwitch &model)
 {
     add_swdrv_mapping(dispatcher, model);
     add_swdrv_port_config(dispatcher, model);
+    add_swdrv_spanning_tree(dispatcher, model);
+    add_swdrv_vlan(dispatcher, model);
     add_swdrv_port_status(dispatcher, model);
 }
 

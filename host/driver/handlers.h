@@ -12,6 +12,8 @@ void add_handlers(Dispatcher &dispatcher, SharedSwitch &model);
 
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_spanning_tree(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_vlan(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_status(Dispatcher &dispatcher, SharedSwitch &model);
 
 }  // namespace quillon::driver

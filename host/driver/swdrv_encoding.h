@@ -11,9 +11,11 @@
 
 #include "host/driver/encoding.h"
 #include "host/driver/model/negotiation.h"
+#include "host/driver/model/port_set.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
 #include "host/driver/model/port_type.h"
+#include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "quillon/swdrv.h"
 
@@ -167,5 +169,28 @@ constexpr uint32_t encoded_status(const PortStatus &status)
     return encoded_link(status) | encoded(status.speed_duplex) << 8 | encoded(status.flow_control) << 16 |
            admin_up << 24;
 }
+
+// ---- Sets of ports ----
+
+// The ports that a bitmap of one word can name.
+inline constexpr PortMask ports_of_word = UINT32_MAX;
+
+// ---- Spanning tree: the numbers of 802.1Q and of BRIDGE-MIB (RFC 4188) ----
+
+template <>
+inline constexpr auto codes<SpanningTreeMode> = std::to_array<Code<SpanningTreeMode>>({
+    {0, SpanningTreeMode::stp},
+    {2, SpanningTreeMode::rstp},
+    {3, SpanningTreeMode::mstp},
+});
+
+template <>
+inline constexpr auto codes<SpanningTreeState> = std::to_array<Code<SpanningTreeState>>({
+    {1, SpanningTreeState::disabled},
+    {2, SpanningTreeState::blocking},
+    {3, SpanningTreeState::listening},
+    {4, SpanningTreeState::learning},
+    {5, SpanningTreeState::forwarding},
+});
 
 }  // namespace quillon::driver

@@ -41,6 +41,13 @@ TEST(SwdrvEncoding, HasTheDocumentedValues)
     expect_values<NegotiationState>(
         {{2, NegotiationState::configuring}, {3, NegotiationState::complete}, {4, NegotiationState::disabled}});
     expect_values<JabberState>({{2, JabberState::unknown}, {3, JabberState::none}, {4, JabberState::jabbering}});
+    expect_values<SpanningTreeMode>(
+        {{0, SpanningTreeMode::stp}, {2, SpanningTreeMode::rstp}, {3, SpanningTreeMode::mstp}});
+    expect_values<SpanningTreeState>({{1, SpanningTreeState::disabled},
+                                      {2, SpanningTreeState::blocking},
+                                      {3, SpanningTreeState::listening},
+                                      {4, SpanningTreeState::learning},
+                                      {5, SpanningTreeState::forwarding}});
 }
 
 TEST(SwdrvEncoding, HasABitForEachCapability)

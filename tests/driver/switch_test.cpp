@@ -13,6 +13,19 @@ struct SwitchTest : testing::Test {
     Switch model{StackShape{}};
 };
 
+TEST_F(SwitchTest, DestroysWhatLeadsToAVlan)
+{
+    EXPECT_TRUE(chips().vlans.create(7));
+    EXPECT_TRUE(chips().vlans.set_pvid(port, 7));
+    EXPECT_TRUE(chips().spanning_tree.add_vlan(chips().vlans, 5, 7));
+
+    EXPECT_FALSE(chips().destroy_vlan(1));
+    EXPECT_TRUE(chips().destroy_vlan(7));
+    EXPECT_FALSE(chips().destroy_vlan(7));
+    EXPECT_EQ(chips().vlans.rules(port)->pvid, 1U);
+    EXPECT_EQ(chips().spanning_tree.instance_of(7), 0U);
+}
+
 TEST_F(SwitchTest, PutsThePartsOfAPortTogether)
 {
     EXPECT_EQ(model.running_port(port)->status().speed_duplex, SpeedDuplex::gigabit_full);
@@ -31,6 +44,8 @@ TEST_F(SwitchTest, ResetsTheChips)
 {
     chips().ports.find(port)->set_admin_up(false);
     chips().overrides.find(port)->link_down = true;
+    EXPECT_TRUE(chips().vlans.create(7));
+    EXPECT_TRUE(chips().spanning_tree.set_state(3, port, SpanningTreeState::blocking));
     chips().hg_ports_admin_up = true;
     chips().link_scan.registered = true;
     model.lines.find(port)->plugged = false;
@@ -39,6 +54,8 @@ TEST_F(SwitchTest, ResetsTheChips)
 
     EXPECT_TRUE(chips().ports.find(port)->admin_up());
     EXPECT_EQ(*chips().overrides.find(port), PortOverrides{});
+    EXPECT_FALSE(chips().vlans.has(7));
+    EXPECT_EQ(chips().spanning_tree.state(3, port), SpanningTreeState::forwarding);
     EXPECT_FALSE(chips().hg_ports_admin_up);
     EXPECT_FALSE(chips().link_scan.registered);
     EXPECT_FALSE(model.lines.find(port)->plugged);

@@ -5,11 +5,15 @@ quillon_test(driver_tests
   driver/event_log_test.cpp
   driver/port_status_test.cpp
   driver/process_test.cpp
+  driver/spanning_tree_test.cpp
   driver/stack_test.cpp
   driver/swdrv_encoding_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_port_config_test.cpp
   driver/swdrv_port_status_test.cpp
-  driver/switch_test.cpp)
+  driver/swdrv_spanning_tree_test.cpp
+  driver/swdrv_vlan_test.cpp
+  driver/switch_test.cpp
+  driver/vlans_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
 target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts quillon quillon_platform GTest::gmock)

@@ -3,6 +3,7 @@
 
 #include <stdint.h>
 
+#include <compare>
 #include <optional>
 
 namespace quillon::driver {
@@ -23,7 +24,8 @@ struct LogicalPort {
     uint32_t unit;
     uint32_t port;
 
-    bool operator==(const LogicalPort &) const = default;
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison for one of pointers
+    auto operator<=>(const LogicalPort &) const = default;
 };
 
 // A port as the chips number it. Every chip of the stack has a module id of its own, beginning with 1; `device_id`

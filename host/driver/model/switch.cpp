@@ -12,7 +12,19 @@ PerPort<T> by_port_type(const Stack &stack)
 
 }  // namespace
 
-ChipState::ChipState(const Stack &stack) : overrides(stack), ports(by_port_type<PortSettings>(stack)) {}
+ChipState::ChipState(const Stack &stack)
+    : overrides(stack), ports(by_port_type<PortSettings>(stack)), vlans(stack), spanning_tree(stack)
+{
+}
+
+bool ChipState::destroy_vlan(uint32_t id)
+{
+    if (!vlans.destroy(id)) {
+        return false;
+    }
+    spanning_tree.forget_vlan(id);
+    return true;
+}
 
 Switch::Switch(const StackShape &shape) : stack(shape), chips(stack), lines(by_port_type<Line>(stack)) {}
 

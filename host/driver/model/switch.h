@@ -13,7 +13,9 @@
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
+#include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
+#include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
 
@@ -21,10 +23,15 @@ namespace quillon::driver {
 struct ChipState {
     explicit ChipState(const Stack &stack);
 
+    // False for a VLAN that does not exist and for the default VLAN. What leads to the VLAN goes with it.
+    bool destroy_vlan(uint32_t id);
+
     PerPort<PortOverrides> overrides;
     PerPort<PortSettings> ports;
     bool hg_ports_admin_up = false;
     LinkScan link_scan;
+    Vlans vlans;
+    SpanningTree spanning_tree;
 };
 
 class Switch {
