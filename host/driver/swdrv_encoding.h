@@ -17,6 +17,7 @@
 #include "host/driver/model/port_type.h"
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
+#include "host/driver/model/storm_control.h"
 #include "quillon/swdrv.h"
 
 namespace quillon::driver {
@@ -191,6 +192,15 @@ inline constexpr auto codes<SpanningTreeState> = std::to_array<Code<SpanningTree
     {3, SpanningTreeState::listening},
     {4, SpanningTreeState::learning},
     {5, SpanningTreeState::forwarding},
+});
+
+// ---- Storm control ----
+
+template <>
+inline constexpr auto codes<StormUnit> = std::to_array<Code<StormUnit>>({
+    {1, StormUnit::packets_per_second},
+    {2, StormUnit::kilobits_per_second},
+    {3, StormUnit::percent},
 });
 
 }  // namespace quillon::driver

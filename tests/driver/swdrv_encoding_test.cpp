@@ -48,6 +48,8 @@ TEST(SwdrvEncoding, HasTheDocumentedValues)
                                       {3, SpanningTreeState::listening},
                                       {4, SpanningTreeState::learning},
                                       {5, SpanningTreeState::forwarding}});
+    expect_values<StormUnit>(
+        {{1, StormUnit::packets_per_second}, {2, StormUnit::kilobits_per_second}, {3, StormUnit::percent}});
 }
 
 TEST(SwdrvEncoding, HasABitForEachCapability)

@@ -46,6 +46,9 @@ TEST_F(SwitchTest, ResetsTheChips)
     chips().overrides.find(port)->link_down = true;
     EXPECT_TRUE(chips().vlans.create(7));
     EXPECT_TRUE(chips().spanning_tree.set_state(3, port, SpanningTreeState::blocking));
+    chips().igmp_trap.enabled = true;
+    EXPECT_TRUE(chips().storm_control.enable(StormKind::broadcast, port, true));
+    EXPECT_TRUE(chips().priorities.set_classes(port, 2));
     chips().hg_ports_admin_up = true;
     chips().link_scan.registered = true;
     model.lines.find(port)->plugged = false;
@@ -56,6 +59,9 @@ TEST_F(SwitchTest, ResetsTheChips)
     EXPECT_EQ(*chips().overrides.find(port), PortOverrides{});
     EXPECT_FALSE(chips().vlans.has(7));
     EXPECT_EQ(chips().spanning_tree.state(3, port), SpanningTreeState::forwarding);
+    EXPECT_EQ(chips().igmp_trap, IgmpTrap{});
+    EXPECT_EQ(chips().storm_control.limit(StormKind::broadcast, port), StormLimit{});
+    EXPECT_EQ(*chips().priorities.find(port), PortPriorities{});
     EXPECT_FALSE(chips().hg_ports_admin_up);
     EXPECT_FALSE(chips().link_scan.registered);
     EXPECT_FALSE(model.lines.find(port)->plugged);

@@ -4,14 +4,19 @@ quillon_test(driver_tests
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
   driver/port_status_test.cpp
+  driver/priorities_test.cpp
   driver/process_test.cpp
   driver/spanning_tree_test.cpp
   driver/stack_test.cpp
+  driver/storm_control_test.cpp
   driver/swdrv_encoding_test.cpp
+  driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_port_config_test.cpp
   driver/swdrv_port_status_test.cpp
+  driver/swdrv_priority_test.cpp
   driver/swdrv_spanning_tree_test.cpp
+  driver/swdrv_storm_control_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/switch_test.cpp
   driver/vlans_test.cpp)

@@ -13,7 +13,12 @@ PerPort<T> by_port_type(const Stack &stack)
 }  // namespace
 
 ChipState::ChipState(const Stack &stack)
-    : overrides(stack), ports(by_port_type<PortSettings>(stack)), vlans(stack), spanning_tree(stack)
+    : overrides(stack),
+      ports(by_port_type<PortSettings>(stack)),
+      vlans(stack),
+      spanning_tree(stack),
+      storm_control(stack),
+      priorities(stack)
 {
 }
 

@@ -7,14 +7,17 @@
 #include <optional>
 
 #include "host/driver/model/guarded.h"
+#include "host/driver/model/igmp_trap.h"
 #include "host/driver/model/line.h"
 #include "host/driver/model/link_scan.h"
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
+#include "host/driver/model/priorities.h"
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
+#include "host/driver/model/storm_control.h"
 #include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
@@ -32,6 +35,9 @@ struct ChipState {
     LinkScan link_scan;
     Vlans vlans;
     SpanningTree spanning_tree;
+    IgmpTrap igmp_trap;
+    StormControl storm_control;
+    Priorities priorities;
 };
 
 class Switch {
