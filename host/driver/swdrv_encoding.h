@@ -18,6 +18,7 @@
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
+#include "host/driver/model/tunnels.h"
 #include "quillon/swdrv.h"
 
 namespace quillon::driver {
@@ -192,6 +193,23 @@ inline constexpr auto codes<SpanningTreeState> = std::to_array<Code<SpanningTree
     {3, SpanningTreeState::listening},
     {4, SpanningTreeState::learning},
     {5, SpanningTreeState::forwarding},
+});
+
+// ---- 802.1Q tunnels ----
+
+template <>
+inline constexpr auto codes<TunnelMode> = std::to_array<Code<TunnelMode>>({
+    {0, TunnelMode::off},
+    {1, TunnelMode::customer_side},
+    {2, TunnelMode::provider_side},
+});
+
+template <>
+inline constexpr auto codes<ReplaceMode> = std::to_array<Code<ReplaceMode>>({
+    {0, {.incoming = false, .outgoing = false}},
+    {1, {.incoming = true, .outgoing = false}},
+    {2, {.incoming = false, .outgoing = true}},
+    {3, {.incoming = true, .outgoing = true}},
 });
 
 // ---- Storm control ----

@@ -48,6 +48,8 @@ TEST(SwdrvEncoding, HasTheDocumentedValues)
                                       {3, SpanningTreeState::listening},
                                       {4, SpanningTreeState::learning},
                                       {5, SpanningTreeState::forwarding}});
+    expect_values<TunnelMode>({{0, TunnelMode::off}, {1, TunnelMode::customer_side}, {2, TunnelMode::provider_side}});
+    expect_values<ReplaceMode>({{0, {false, false}}, {1, {true, false}}, {2, {false, true}}, {3, {true, true}}});
     expect_values<StormUnit>(
         {{1, StormUnit::packets_per_second}, {2, StormUnit::kilobits_per_second}, {3, StormUnit::percent}});
 }

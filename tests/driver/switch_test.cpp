@@ -18,12 +18,14 @@ TEST_F(SwitchTest, DestroysWhatLeadsToAVlan)
     EXPECT_TRUE(chips().vlans.create(7));
     EXPECT_TRUE(chips().vlans.set_pvid(port, 7));
     EXPECT_TRUE(chips().spanning_tree.add_vlan(chips().vlans, 5, 7));
+    EXPECT_TRUE(chips().tunnels.map(&PortTunnel::double_tags, chips().vlans, port, 9, {.vlan = 7, .priority = 0}));
 
     EXPECT_FALSE(chips().destroy_vlan(1));
     EXPECT_TRUE(chips().destroy_vlan(7));
     EXPECT_FALSE(chips().destroy_vlan(7));
     EXPECT_EQ(chips().vlans.rules(port)->pvid, 1U);
     EXPECT_EQ(chips().spanning_tree.instance_of(7), 0U);
+    EXPECT_EQ(*chips().tunnels.find(port), PortTunnel{});
 }
 
 TEST_F(SwitchTest, PutsThePartsOfAPortTogether)
@@ -37,6 +39,11 @@ TEST_F(SwitchTest, PutsThePartsOfAPortTogether)
     EXPECT_TRUE(model.running_port({1, 3})->status().link_up());
     EXPECT_EQ(model.running_port({1, 28})->status().speed_duplex, SpeedDuplex::ten_gigabit_full);
     EXPECT_FALSE(model.running_port({1, 29}));
+
+    EXPECT_EQ(model.largest_frame(port), (FrameSize{1518, 1522}));
+    EXPECT_TRUE(chips().tunnels.set_mode(port, TunnelMode::customer_side));
+    EXPECT_EQ(model.largest_frame(port), (FrameSize{1522, 1530}));
+    EXPECT_FALSE(model.largest_frame({1, 29}));
 }
 
 // What is outside the chips stays as it is.
@@ -46,6 +53,8 @@ TEST_F(SwitchTest, ResetsTheChips)
     chips().overrides.find(port)->link_down = true;
     EXPECT_TRUE(chips().vlans.create(7));
     EXPECT_TRUE(chips().spanning_tree.set_state(3, port, SpanningTreeState::blocking));
+    chips().frame_sizes.set_jumbo_frames(true);
+    EXPECT_TRUE(chips().tunnels.set_tpid(port, 0x88A8));
     chips().igmp_trap.enabled = true;
     EXPECT_TRUE(chips().storm_control.enable(StormKind::broadcast, port, true));
     EXPECT_TRUE(chips().priorities.set_classes(port, 2));
@@ -59,6 +68,8 @@ TEST_F(SwitchTest, ResetsTheChips)
     EXPECT_EQ(*chips().overrides.find(port), PortOverrides{});
     EXPECT_FALSE(chips().vlans.has(7));
     EXPECT_EQ(chips().spanning_tree.state(3, port), SpanningTreeState::forwarding);
+    EXPECT_EQ(model.largest_frame({1, 3}), (FrameSize{1518, 1522}));
+    EXPECT_EQ(*chips().tunnels.find(port), PortTunnel{});
     EXPECT_EQ(chips().igmp_trap, IgmpTrap{});
     EXPECT_EQ(chips().storm_control.limit(StormKind::broadcast, port), StormLimit{});
     EXPECT_EQ(*chips().priorities.find(port), PortPriorities{});

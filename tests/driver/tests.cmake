@@ -3,13 +3,16 @@ find_package(GTest REQUIRED)
 quillon_test(driver_tests
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
+  driver/frame_sizes_test.cpp
   driver/port_status_test.cpp
   driver/priorities_test.cpp
   driver/process_test.cpp
   driver/spanning_tree_test.cpp
   driver/stack_test.cpp
   driver/storm_control_test.cpp
+  driver/swdrv_dot1q_tunnel_test.cpp
   driver/swdrv_encoding_test.cpp
+  driver/swdrv_frame_size_test.cpp
   driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_port_config_test.cpp
@@ -19,6 +22,7 @@ quillon_test(driver_tests
   driver/swdrv_storm_control_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/switch_test.cpp
+  driver/tunnels_test.cpp
   driver/vlans_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
 target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts quillon quillon_platform GTest::gmock)

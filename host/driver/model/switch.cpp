@@ -17,6 +17,8 @@ ChipState::ChipState(const Stack &stack)
       ports(by_port_type<PortSettings>(stack)),
       vlans(stack),
       spanning_tree(stack),
+      frame_sizes(stack),
+      tunnels(stack),
       storm_control(stack),
       priorities(stack)
 {
@@ -28,6 +30,7 @@ bool ChipState::destroy_vlan(uint32_t id)
         return false;
     }
     spanning_tree.forget_vlan(id);
+    tunnels.forget_vlan(id);
     return true;
 }
 
@@ -40,6 +43,12 @@ std::optional<RunningPort> Switch::running_port(const LogicalPort &port) const
         return std::nullopt;
     }
     return RunningPort(*settings, *lines.find(port), chips.overrides.find(port)->link_down);
+}
+
+std::optional<FrameSize> Switch::largest_frame(const LogicalPort &port) const
+{
+    const PortTunnel *const tunnel = chips.tunnels.find(port);
+    return tunnel == nullptr ? std::nullopt : chips.frame_sizes.largest(port, tunnel->mode != TunnelMode::off);
 }
 
 }  // namespace quillon::driver

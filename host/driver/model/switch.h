@@ -6,6 +6,7 @@
 
 #include <optional>
 
+#include "host/driver/model/frame_sizes.h"
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/igmp_trap.h"
 #include "host/driver/model/line.h"
@@ -18,6 +19,7 @@
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
+#include "host/driver/model/tunnels.h"
 #include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
@@ -35,6 +37,8 @@ struct ChipState {
     LinkScan link_scan;
     Vlans vlans;
     SpanningTree spanning_tree;
+    FrameSizes frame_sizes;
+    Tunnels tunnels;
     IgmpTrap igmp_trap;
     StormControl storm_control;
     Priorities priorities;
@@ -49,6 +53,7 @@ class Switch {
 
     // Nothing for a port that does not exist.
     std::optional<RunningPort> running_port(const LogicalPort &port) const;
+    std::optional<FrameSize> largest_frame(const LogicalPort &port) const;
 
     const Stack stack;
     ChipState chips;
