@@ -10,6 +10,8 @@ void add_handlers(Dispatcher &dispatcher, SharedSwitch &model)
     add_swdrv_vlan(dispatcher, model);
     add_swdrv_frame_size(dispatcher, model);
     add_swdrv_dot1q_tunnel(dispatcher, model);
+    add_swdrv_mirroring(dispatcher, model);
+    add_swdrv_trunk(dispatcher, model);
     add_swdrv_igmp_trap(dispatcher, model);
     add_swdrv_storm_control(dispatcher, model);
     add_swdrv_priority(dispatcher, model);

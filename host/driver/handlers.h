@@ -16,6 +16,8 @@ void add_swdrv_spanning_tree(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_vlan(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_frame_size(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_dot1q_tunnel(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_mirroring(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_trunk(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_igmp_trap(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_storm_control(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_priority(Dispatcher &dispatcher, SharedSwitch &model);

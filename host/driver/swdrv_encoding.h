@@ -8,8 +8,10 @@
 #include <array>
 #include <bit>
 #include <optional>
+#include <span>
 
 #include "host/driver/encoding.h"
+#include "host/driver/model/mirrors.h"
 #include "host/driver/model/negotiation.h"
 #include "host/driver/model/port_set.h"
 #include "host/driver/model/port_settings.h"
@@ -18,6 +20,7 @@
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
+#include "host/driver/model/trunks.h"
 #include "host/driver/model/tunnels.h"
 #include "quillon/swdrv.h"
 
@@ -174,8 +177,28 @@ constexpr uint32_t encoded_status(const PortStatus &status)
 
 // ---- Sets of ports ----
 
+// A bit for each port of a unit, bit 0 of the first byte for port 1. Nothing when there are ports that no unit has.
+constexpr std::optional<PortMask> decoded_bitmap(std::span<const uint8_t> bitmap)
+{
+    PortMask ports = 0;
+    for (size_t byte = 0; byte < bitmap.size(); ++byte) {
+        if (byte < sizeof ports) {
+            ports |= PortMask{bitmap[byte]} << 8 * byte;
+        } else if (bitmap[byte] != 0) {
+            return std::nullopt;
+        }
+    }
+    return ports;
+}
+
 // The ports that a bitmap of one word can name.
 inline constexpr PortMask ports_of_word = UINT32_MAX;
+
+// A port in one word.
+constexpr LogicalPort decoded_port(uint32_t word)
+{
+    return {.unit = word >> 16, .port = word & 0xFFFF};
+}
 
 // ---- Spanning tree: the numbers of 802.1Q and of BRIDGE-MIB (RFC 4188) ----
 
@@ -212,7 +235,24 @@ inline constexpr auto codes<ReplaceMode> = std::to_array<Code<ReplaceMode>>({
     {3, {.incoming = true, .outgoing = true}},
 });
 
-// ---- Storm control ----
+// ---- Mirroring, trunks, storm control ----
+
+template <>
+inline constexpr auto codes<MirroredFrames> = std::to_array<Code<MirroredFrames>>({
+    {1, {.received = true, .sent = false}},
+    {2, {.received = false, .sent = true}},
+    {3, {.received = true, .sent = true}},
+});
+
+template <>
+inline constexpr auto codes<TrunkBalance> = std::to_array<Code<TrunkBalance>>({
+    {1, TrunkBalance::source_mac},
+    {2, TrunkBalance::destination_mac},
+    {3, TrunkBalance::both_macs},
+    {4, TrunkBalance::source_ip},
+    {5, TrunkBalance::destination_ip},
+    {6, TrunkBalance::both_ips},
+});
 
 template <>
 inline constexpr auto codes<StormUnit> = std::to_array<Code<StormUnit>>({

@@ -5,6 +5,7 @@
 #include <stdint.h>
 
 #include <map>
+#include <vector>
 
 namespace quillon::driver {
 namespace {
@@ -50,6 +51,13 @@ TEST(SwdrvEncoding, HasTheDocumentedValues)
                                       {5, SpanningTreeState::forwarding}});
     expect_values<TunnelMode>({{0, TunnelMode::off}, {1, TunnelMode::customer_side}, {2, TunnelMode::provider_side}});
     expect_values<ReplaceMode>({{0, {false, false}}, {1, {true, false}}, {2, {false, true}}, {3, {true, true}}});
+    expect_values<MirroredFrames>({{1, {true, false}}, {2, {false, true}}, {3, {true, true}}});
+    expect_values<TrunkBalance>({{1, TrunkBalance::source_mac},
+                                 {2, TrunkBalance::destination_mac},
+                                 {3, TrunkBalance::both_macs},
+                                 {4, TrunkBalance::source_ip},
+                                 {5, TrunkBalance::destination_ip},
+                                 {6, TrunkBalance::both_ips}});
     expect_values<StormUnit>(
         {{1, StormUnit::packets_per_second}, {2, StormUnit::kilobits_per_second}, {3, StormUnit::percent}});
 }
@@ -78,6 +86,23 @@ TEST(SwdrvEncoding, HasABitForEachCapability)
     EXPECT_EQ(decoded_capability(0), Advertisement{});
     EXPECT_EQ(decoded_capability(0x8036), (Advertisement{.modes = modes_of(PortType::copper)}));
     EXPECT_EQ(encoded_capability({.modes = modes_of(PortType::copper)}), 0x8036U);
+}
+
+TEST(SwdrvEncoding, CountsThePortsOfABitmapFromOne)
+{
+    const struct {
+        std::vector<uint8_t> bitmap;
+        std::optional<PortMask> ports;
+    } rows[] = {
+        {{0x01}, port_bit(1)},
+        {{0x80, 0x01}, port_bit(8) | port_bit(9)},
+        {{0, 0, 0, 0, 0, 0, 0, 0x80}, port_bit(64)},
+        {{0, 0, 0, 0, 0, 0, 0, 0x80, 0}, port_bit(64)},
+        {{0, 0, 0, 0, 0, 0, 0, 0, 0x01}, std::nullopt},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(decoded_bitmap(row.bitmap), row.ports) << row.bitmap.size();
+    }
 }
 
 }  // namespace

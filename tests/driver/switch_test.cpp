@@ -6,6 +6,7 @@ namespace quillon::driver {
 namespace {
 
 constexpr LogicalPort port{2, 3};
+constexpr TrunkMulticast multicast = {.mac = {0x01}, .vlan = 7, .port = port};
 
 struct SwitchTest : testing::Test {
     ChipState &chips() { return model.chips; }
@@ -19,6 +20,10 @@ TEST_F(SwitchTest, DestroysWhatLeadsToAVlan)
     EXPECT_TRUE(chips().vlans.set_pvid(port, 7));
     EXPECT_TRUE(chips().spanning_tree.add_vlan(chips().vlans, 5, 7));
     EXPECT_TRUE(chips().tunnels.map(&PortTunnel::double_tags, chips().vlans, port, 9, {.vlan = 7, .priority = 0}));
+    EXPECT_TRUE(chips().mirrors.add_vlan_mirror(chips().vlans, 7, port));
+    EXPECT_TRUE(chips().trunks.create(1));
+    EXPECT_TRUE(chips().trunks.set_members(1, port.unit, port_bit(port.port)));
+    EXPECT_TRUE(chips().trunks.add(chips().vlans, multicast));
 
     EXPECT_FALSE(chips().destroy_vlan(1));
     EXPECT_TRUE(chips().destroy_vlan(7));
@@ -26,6 +31,8 @@ TEST_F(SwitchTest, DestroysWhatLeadsToAVlan)
     EXPECT_EQ(chips().vlans.rules(port)->pvid, 1U);
     EXPECT_EQ(chips().spanning_tree.instance_of(7), 0U);
     EXPECT_EQ(*chips().tunnels.find(port), PortTunnel{});
+    EXPECT_FALSE(chips().mirrors.has_vlan_mirror(7, port));
+    EXPECT_FALSE(chips().trunks.has(multicast));
 }
 
 TEST_F(SwitchTest, PutsThePartsOfAPortTogether)
@@ -55,6 +62,8 @@ TEST_F(SwitchTest, ResetsTheChips)
     EXPECT_TRUE(chips().spanning_tree.set_state(3, port, SpanningTreeState::blocking));
     chips().frame_sizes.set_jumbo_frames(true);
     EXPECT_TRUE(chips().tunnels.set_tpid(port, 0x88A8));
+    EXPECT_TRUE(chips().mirrors.set_mac_destination(port));
+    EXPECT_TRUE(chips().trunks.create(1));
     chips().igmp_trap.enabled = true;
     EXPECT_TRUE(chips().storm_control.enable(StormKind::broadcast, port, true));
     EXPECT_TRUE(chips().priorities.set_classes(port, 2));
@@ -70,6 +79,8 @@ TEST_F(SwitchTest, ResetsTheChips)
     EXPECT_EQ(chips().spanning_tree.state(3, port), SpanningTreeState::forwarding);
     EXPECT_EQ(model.largest_frame({1, 3}), (FrameSize{1518, 1522}));
     EXPECT_EQ(*chips().tunnels.find(port), PortTunnel{});
+    EXPECT_FALSE(chips().mirrors.mac_destination());
+    EXPECT_EQ(chips().trunks.find(1), nullptr);
     EXPECT_EQ(chips().igmp_trap, IgmpTrap{});
     EXPECT_EQ(chips().storm_control.limit(StormKind::broadcast, port), StormLimit{});
     EXPECT_EQ(*chips().priorities.find(port), PortPriorities{});

@@ -4,6 +4,7 @@ quillon_test(driver_tests
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
   driver/frame_sizes_test.cpp
+  driver/mirrors_test.cpp
   driver/port_status_test.cpp
   driver/priorities_test.cpp
   driver/process_test.cpp
@@ -15,13 +16,16 @@ quillon_test(driver_tests
   driver/swdrv_frame_size_test.cpp
   driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
+  driver/swdrv_mirroring_test.cpp
   driver/swdrv_port_config_test.cpp
   driver/swdrv_port_status_test.cpp
   driver/swdrv_priority_test.cpp
   driver/swdrv_spanning_tree_test.cpp
   driver/swdrv_storm_control_test.cpp
+  driver/swdrv_trunk_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/switch_test.cpp
+  driver/trunks_test.cpp
   driver/tunnels_test.cpp
   driver/vlans_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")

@@ -19,6 +19,8 @@ ChipState::ChipState(const Stack &stack)
       spanning_tree(stack),
       frame_sizes(stack),
       tunnels(stack),
+      mirrors(stack),
+      trunks(stack),
       storm_control(stack),
       priorities(stack)
 {
@@ -31,6 +33,8 @@ bool ChipState::destroy_vlan(uint32_t id)
     }
     spanning_tree.forget_vlan(id);
     tunnels.forget_vlan(id);
+    mirrors.forget_vlan(id);
+    trunks.forget_vlan(id);
     return true;
 }
 

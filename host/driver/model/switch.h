@@ -11,6 +11,7 @@
 #include "host/driver/model/igmp_trap.h"
 #include "host/driver/model/line.h"
 #include "host/driver/model/link_scan.h"
+#include "host/driver/model/mirrors.h"
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
@@ -19,6 +20,7 @@
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
+#include "host/driver/model/trunks.h"
 #include "host/driver/model/tunnels.h"
 #include "host/driver/model/vlans.h"
 
@@ -39,6 +41,8 @@ struct ChipState {
     SpanningTree spanning_tree;
     FrameSizes frame_sizes;
     Tunnels tunnels;
+    Mirrors mirrors;
+    Trunks trunks;
     IgmpTrap igmp_trap;
     StormControl storm_control;
     Priorities priorities;
