@@ -60,6 +60,12 @@ QUILLON_RECORD_SIZE(NicMemStatus, 28);
 QUILLON_FIELD_OFFSET(NicMemStatus, last_value, 24);
 QUILLON_RECORD_SIZE(NicPriInfo, 1488);
 
+/*
+ * Takes a received packet's buffer back: `buffer` is what DEV_NICDRV_MREF_MemFree was given. Returns 1 when it did;
+ * every other value says that it did not.
+ */
+typedef uint8_t (*NicFreeFunc)(void *buffer);
+
 #pragma GCC visibility push(default)
 
 /* ---- Start-up ---- */
@@ -74,6 +80,94 @@ QUILLON_RECORD_SIZE(NicPriInfo, 1488);
  * once on standard output and returns 0.
  */
 uint8_t DEV_NICDRV_PMGR_InitiateProcessResource(void);
+
+/* ---- The shared record ---- */
+
+/*
+ * One of the three attach functions below runs once in a process before it calls any other function of this section or
+ * of the two that follow it, and before the process's threads do. None of them tests whether the record or its
+ * semaphore is there.
+ */
+
+/*
+ * Stores the id of the shared segment that holds the record, 6, in `*segment_id`, and the record's size, 496 bytes, in
+ * `*size`. Needs no attaching.
+ */
+void DEV_NICDRV_OM_GetShMemInfo(uint32_t *segment_id, uint32_t *size);
+
+/*
+ * Attaches to the record and to the semaphore that guards its counters, key 17.
+ */
+void DEV_NICDRV_OM_InitSystemResources(void);
+
+/*
+ * Looks the area of the receive buffers up, and then attaches as DEV_NICDRV_OM_InitSystemResources does.
+ *
+ * When there is no such area, prints an empty line and
+ * "DEV_NICDRV_OM_AttachSystemResources: L_IPCMEM_GetRxBufStartAddress return FALSE"
+ * on standard output and attaches to nothing.
+ */
+void DEV_NICDRV_OM_AttachSystemResources(void);
+
+/*
+ * Attaches a process that receives packets: as DEV_NICDRV_OM_AttachSystemResources, with this function's name in the
+ * printed line, and sets the number of buffers that are held as fragments to 0.
+ *
+ * Returns 1, and 0 when there is no area of receive buffers.
+ */
+uint8_t DEV_NICDRV_OM_InitateProcessResource(void);
+
+/* ---- Operating mode ---- */
+
+/*
+ * The mode of the packet path that was set last, by whichever process: 0 transition, 1 master, 2 slave.
+ */
+uint32_t DEV_NICDRV_OM_GetOperatingMode(void);
+
+/*
+ * Each of these sets the mode, whatever it was, and does nothing else: to transition, by two names, to master, to
+ * slave.
+ */
+void DEV_NICDRV_OM_SetTransitionMode(void);
+void DEV_NICDRV_OM_EnterTransitionMode(void);
+void DEV_NICDRV_OM_EnterMasterMode(void);
+void DEV_NICDRV_OM_EnterSlaveMode(void);
+
+/* ---- Received buffers on loan ---- */
+
+/*
+ * Every received packet comes with a cookie: 0 to 9 stand for the pool that its buffer was drawn from, 10 is for
+ * buffers of no pool. Who keeps the packet gives buffer and cookie back with DEV_NICDRV_MREF_MemFree, once.
+ */
+
+/*
+ * Replaces this process's free function, which is DEV_NICDRV_PMGR_FreeRxPacket at first. `free_func` is not tested. To
+ * be called before the process frees its first buffer. The free function is called with the record's semaphore held,
+ * and must not take it.
+ */
+void DEV_NICDRV_OM_SetFreeFunc(NicFreeFunc free_func);
+
+/*
+ * Gives a received packet's buffer back: calls the free function with `buffer`, and on its success takes the buffer out
+ * of the counts of those on loan: of its cookie, of the cookie's pool and of all pools, or for cookie 10 of that cookie
+ * alone. When the driver process's receive task has stopped for the pool and the pool's count falls below the level at
+ * which it may go on, the task is sent event 8; if that fails, prints
+ * "DEV_NICDRV_MREF_MemFree:SYSFUN_SendEvent failure."
+ * on standard output. `ignored` is not read.
+ *
+ * Returns 1, also for a `cookie` past 10: its buffer is given back, no count changes, and
+ * "DEV_NICDRV_MREF_MemFree: cookie value is invalid !!"
+ * is printed on standard output. Returns 0 when the free function fails, which is counted as such.
+ */
+uint8_t DEV_NICDRV_MREF_MemFree(void *ignored, uint32_t cookie, void *buffer);
+
+/*
+ * Moves a buffer from those on loan to those that are held until the other fragments of its datagram have come, and
+ * back before it is freed. Nothing is sent or freed, and the receive task is not told. `cookie` is 0 to 9, which is not
+ * tested: any other one damages the record.
+ */
+void DEV_NICDRV_ReserveFragmentBuffer(uint32_t cookie);
+void DEV_NICDRV_ReleaseFragmentBuffer(uint32_t cookie);
 
 /* ---- Transmit ---- */
 
