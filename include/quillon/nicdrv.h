@@ -4,7 +4,8 @@
  * It consists of
  * - requests to the driver process: transmit, packet generators, received buffers given back, statistics;
  * - functions on a record in memory shared with the driver process: the operating mode of the packet path, and how many
- *   received buffers are on loan.
+ *   received buffers are on loan;
+ * - the meaning of the codes that come with a received packet.
  *
  * A request function asks the driver process, waits for its answer without a time-out and returns its verdict: 1 when
  * the driver process did what was asked and 0 when it refused. Unless a function says otherwise:
@@ -248,6 +249,29 @@ uint8_t DEV_NICDRV_PMGR_PriInfo(NicPriInfo *info);
 
 /* Clears the statistics. */
 uint8_t DEV_NICDRV_PMGR_Clear(void);
+
+/* ---- Codes of received packets ---- */
+
+/*
+ * These send nothing, keep no state and need no start-up. What reasons and classes mean is the caller's.
+ */
+
+/*
+ * The reason bits of a packet that came with `cpu_code`: 2 for 37 and 271, 32 for 401 and 406, 0 for all others.
+ */
+uint32_t DEV_NICDRV_LIB_ReceivePacketReason(uint32_t cpu_code);
+
+/* The class of service: `cos` as it is. */
+uint32_t DEV_NICDRV_LIB_CosValue(uint32_t cos);
+
+/*
+ * The class id of a packet that came with `cpu_code`: 501 for 5, 7, 8 and 9, 503 for 23, 504 for 10 to 13, 505 for 24,
+ * and 0 for all others.
+ */
+uint32_t DEV_NICDRV_LIB_PktClassId(int32_t cpu_code);
+
+/* The CPU code of BPDUs: 502 when `flag` is 1, 326 for all other values. */
+uint32_t DEV_NICDRV_LIB_BpduCpuCode(uint8_t flag);
 
 #pragma GCC visibility pop
 
