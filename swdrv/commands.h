@@ -551,8 +551,8 @@ struct PortMac {
 };
 
 struct PhyRegOps {
-    static constexpr uint32_t op_size = 6;
-    static constexpr uint32_t max_ops = 10;
+    static constexpr size_t op_size = 6;
+    static constexpr size_t max_ops = 10;
 
     uint32_t unit;
     uint32_t port;

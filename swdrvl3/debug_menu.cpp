@@ -39,7 +39,7 @@ void DEV_SWDRVL3_PMGR_Backdoor_Main(void)
 {
     for (;;) {
         print_menu();
-        const uint8_t key = static_cast<uint8_t>(BACKDOOR_MGR_GetChar());
+        const auto key = static_cast<uint8_t>(BACKDOOR_MGR_GetChar());
         switch (key) {
             case console_failure:
                 printf("%s: BACKDOOR_MGR_GetChar fail\n", __func__);

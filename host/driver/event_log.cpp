@@ -54,14 +54,9 @@ EventLog::EventLog(int descriptor, Level least, Clock clock)
       clock_(std::move(clock)),
       suppression_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    if (suppression_ < 0) {
+    if (!suppression_) {
         throw std::system_error(errno, std::generic_category(), "eventfd");
     }
-}
-
-EventLog::~EventLog()
-{
-    close(suppression_);
 }
 
 void EventLog::write(Level level, std::string_view event, LogFields fields)
@@ -84,7 +79,7 @@ void EventLog::write_limited(Level level, std::string_view event, LogFields dist
     const std::lock_guard lock(mutex_);
     if (!admit(std::string(event) + identity)) {
         if (suppressed_++ == 0) {
-            eventfd_write(suppression_, 1);
+            eventfd_write(suppression_.number(), 1);
         }
         return;
     }
@@ -117,7 +112,7 @@ void EventLog::write_suppressed()
         return;
     }
     eventfd_t unused;
-    eventfd_read(suppression_, &unused);
+    eventfd_read(suppression_.number(), &unused);
     write_line(Level::warning, "log-suppressed", fmt::format(" lines={}", suppressed_));
     suppressed_ = 0;
 }

@@ -14,6 +14,8 @@
 #include <unordered_set>
 #include <variant>
 
+#include "host/platform/descriptor.h"
+
 namespace quillon::driver {
 
 enum class Level { debug, info, warning, error };
@@ -36,9 +38,6 @@ class EventLog {
 
     // Writes to `descriptor` what is at least as severe as `least`. `clock` measures the limit below.
     EventLog(int descriptor, Level least, Clock clock = std::chrono::steady_clock::now);
-    ~EventLog();
-    EventLog(const EventLog &) = delete;
-    EventLog &operator=(const EventLog &) = delete;
 
     bool writes(Level level) const { return level >= least_; }
 
@@ -53,7 +52,7 @@ class EventLog {
     static constexpr int most_repeats_a_second = 10;
 
     // Readable as soon as something was left out that nobody was told of.
-    int suppression_descriptor() const { return suppression_; }
+    int suppression_descriptor() const { return suppression_.number(); }
     void report_suppressed();
 
   private:
@@ -64,7 +63,7 @@ class EventLog {
     const int descriptor_;
     const Level least_;
     const Clock clock_;
-    const int suppression_;
+    const host::Descriptor suppression_;
 
     std::mutex mutex_;  // of all below, and of the order of lines
     std::unordered_set<std::string> seen_;

@@ -8,6 +8,8 @@
 
 #include <system_error>
 
+#include "host/platform/descriptor.h"
+
 namespace quillon::driver {
 namespace {
 
@@ -20,17 +22,11 @@ constexpr char unfinished_name[] = ".driver.pid.new";
 PidFile::PidFile(int folder) : folder_(folder)
 {
     const std::string text = fmt::format("{}\n", getpid());
-    const int file = openat(folder, unfinished_name, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
-    const bool written = file >= 0 && write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    const int write_error = errno;
-    if (file >= 0) {
-        close(file);
-    }
-    if (!written) {
-        throw std::system_error(write_error, std::generic_category(), "cannot write driver.pid");
-    }
-    if (renameat(folder, unfinished_name, folder, name) != 0) {
-        throw std::system_error(errno, std::generic_category(), "cannot rename driver.pid");
+    const host::Descriptor file(
+        openat(folder, unfinished_name, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!file || write(file.number(), text.data(), text.size()) != static_cast<ssize_t>(text.size()) ||
+        renameat(folder, unfinished_name, folder, name) != 0) {
+        throw std::system_error(errno, std::generic_category(), "cannot write driver.pid");
     }
 }
 

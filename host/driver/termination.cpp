@@ -26,22 +26,17 @@ TerminationSignals::TerminationSignals()
 {
     const sigset_t signals = termination_signals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    descriptor_ = signalfd(-1, &signals, SFD_CLOEXEC);
-    if (descriptor_ < 0) {
+    signals_ = host::Descriptor(signalfd(-1, &signals, SFD_CLOEXEC));
+    if (!signals_) {
         throw std::system_error(errno, std::generic_category(), "signalfd");
     }
-}
-
-TerminationSignals::~TerminationSignals()
-{
-    close(descriptor_);
 }
 
 int TerminationSignals::wait(EventLog &log)
 {
     constexpr int a_second = 1000;
     constexpr int for_ever = -1;
-    pollfd sources[] = {{.fd = descriptor_, .events = POLLIN, .revents = 0},
+    pollfd sources[] = {{.fd = signals_.number(), .events = POLLIN, .revents = 0},
                         {.fd = log.suppression_descriptor(), .events = POLLIN, .revents = 0}};
     pollfd &signals = sources[0];
     const pollfd &suppression = sources[1];
@@ -52,7 +47,7 @@ int TerminationSignals::wait(EventLog &log)
             log.report_suppressed();
         }
         signalfd_siginfo signal;
-        if ((signals.revents & POLLIN) != 0 && read(descriptor_, &signal, sizeof signal) == sizeof signal) {
+        if ((signals.revents & POLLIN) != 0 && read(signals_.number(), &signal, sizeof signal) == sizeof signal) {
             return static_cast<int>(signal.ssi_signo);
         }
     }

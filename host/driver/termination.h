@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/driver/event_log.h"
+#include "host/platform/descriptor.h"
 
 namespace quillon::driver {
 
@@ -9,15 +10,12 @@ namespace quillon::driver {
 class TerminationSignals {
   public:
     TerminationSignals();
-    ~TerminationSignals();
-    TerminationSignals(const TerminationSignals &) = delete;
-    TerminationSignals &operator=(const TerminationSignals &) = delete;
 
     // Returns the signal's number. Meanwhile, reports what the log leaves out, a second after it began to.
     int wait(EventLog &log);
 
   private:
-    int descriptor_;
+    host::Descriptor signals_;
 };
 
 }  // namespace quillon::driver

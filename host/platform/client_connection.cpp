@@ -6,6 +6,7 @@
 #include <sys/uio.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace quillon::host {
@@ -14,8 +15,9 @@ namespace {
 ClientConnection::Delivery outcome(ssize_t sent)
 {
     using enum ClientConnection::Delivery;
-    if (sent >= 0)
+    if (sent >= 0) {
         return delivered;
+    }
     return errno == EPIPE || errno == ECONNRESET ? client_gone : not_taken;
 }
 
@@ -68,11 +70,11 @@ ClientConnection::State ClientConnection::state() const
 ClientConnection::Delivery ClientConnection::send_parked(uint16_t kind, std::span<const std::byte> envelope) const
 {
     PacketHeader header = {.kind = kind, .sequence = sequence_, .cpu = current_cpu()};
-    iovec parts[] = {{&header, sizeof header},
-                     {const_cast<std::byte *>(envelope.data()), std::min(envelope.size(), room_)}};
+    std::array<iovec, 2> parts = {
+        {{&header, sizeof header}, {const_cast<std::byte *>(envelope.data()), std::min(envelope.size(), room_)}}};
     msghdr packet = {};
-    packet.msg_iov = parts;
-    packet.msg_iovlen = std::size(parts);
+    packet.msg_iov = parts.data();
+    packet.msg_iovlen = parts.size();
     return outcome(sendmsg(socket_.number(), &packet, MSG_NOSIGNAL | MSG_DONTWAIT));
 }
 
@@ -80,8 +82,9 @@ bool ClientConnection::unpark(uint16_t kind, std::span<const std::byte> envelope
 {
     std::function<void()> forgotten;  // destroyed without the lock: it may hold anything
     const std::lock_guard lock(mutex_);
-    if (state_ != State::parked)
+    if (state_ != State::parked) {
         return false;
+    }
     state_ = State::ready;
     forgotten = std::exchange(client_gone_, nullptr);
 
@@ -91,8 +94,9 @@ bool ClientConnection::unpark(uint16_t kind, std::span<const std::byte> envelope
         return true;
     }
     // The queue's thread closes it: it finds the connection hung up.
-    if (delivery == Delivery::not_taken)
+    if (delivery == Delivery::not_taken) {
         state_ = State::answer_not_taken;
+    }
     shutdown(socket_.number(), SHUT_RDWR);
     return false;
 }

@@ -4,6 +4,7 @@
 
 #include <sys/types.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -18,7 +19,7 @@ namespace quillon::host {
 
 struct Packet {
     PacketHeader header;
-    std::byte envelope[kLargestEnvelope];
+    std::array<std::byte, kLargestEnvelope> envelope;
 };
 
 // Parked while its request waits for a reply that comes later. That reply may come from any thread; all else is called

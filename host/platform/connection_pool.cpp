@@ -7,6 +7,8 @@
 #include <sys/time.h>
 #include <unistd.h>
 
+#include <array>
+
 #include "host/platform/descriptor_limit.h"
 #include "host/platform/fork_lock.h"
 #include "host/platform/packet.h"
@@ -17,7 +19,7 @@ namespace {
 
 using Use = Connection::Use;
 
-constinit Connection connections[kMostCalls];
+constinit std::array<Connection, kMostCalls> connections;
 constinit std::atomic<size_t> connections_ever_used = 0;
 
 void before_fork()
@@ -35,8 +37,9 @@ void after_fork_in_parent()
 void after_fork_in_child()
 {
     for (Connection &connection : connections) {
-        if (connection.descriptor != 0)
+        if (connection.descriptor != 0) {
             close(connection.descriptor);
+        }
         connection.descriptor = 0;
         connection.use.store(Use::none, std::memory_order_relaxed);
     }
@@ -58,11 +61,12 @@ bool change(Connection &connection, Use from, Use to)
 Connection *take_unused()
 {
     for (size_t i = 0; i < kMostCalls; ++i) {
-        if (!change(connections[i], Use::none, Use::busy))
+        if (!change(connections[i], Use::none, Use::busy)) {
             continue;
+        }
         size_t used = connections_ever_used.load(std::memory_order_relaxed);
-        while (used <= i && !connections_ever_used.compare_exchange_weak(used, i + 1, std::memory_order_relaxed))
-            continue;
+        while (used <= i && !connections_ever_used.compare_exchange_weak(used, i + 1, std::memory_order_relaxed)) {
+        }
         return &connections[i];
     }
     return nullptr;
@@ -72,9 +76,11 @@ Connection *take_unused()
 Connection *take_any_idle()
 {
     const size_t used = connections_ever_used.load(std::memory_order_relaxed);
-    for (size_t i = 0; i < used; ++i)
-        if (change(connections[i], Use::idle, Use::busy))
+    for (size_t i = 0; i < used; ++i) {
+        if (change(connections[i], Use::idle, Use::busy)) {
             return &connections[i];
+        }
+    }
     return nullptr;
 }
 
@@ -88,8 +94,9 @@ void close_descriptor(Connection &connection)
 // A program that closed its standard streams must not find a queue in their place, and print into it.
 int away_from_standard_streams(int descriptor)
 {
-    if (descriptor < 0 || descriptor > STDERR_FILENO)
+    if (descriptor < 0 || descriptor > STDERR_FILENO) {
         return descriptor;
+    }
     const int higher = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int error = errno;
     close(descriptor);
@@ -101,8 +108,9 @@ bool open_descriptor(Connection &connection)
 {
     const ForkLock lock;
     const int descriptor = away_from_standard_streams(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
-    if (descriptor < 0)
+    if (descriptor < 0) {
         return false;
+    }
     connection.descriptor = descriptor;
     return true;
 }
@@ -110,13 +118,16 @@ bool open_descriptor(Connection &connection)
 uint32_t open_socket(Connection &connection)
 {
     while (!open_descriptor(connection)) {
-        if (errno != EMFILE && errno != ENFILE)
+        if (errno != EMFILE && errno != ENFILE) {
             return QUILLON_STATUS_SYSTEM_ERROR;
-        if (errno == EMFILE && raise_descriptor_limit())
+        }
+        if (errno == EMFILE && raise_descriptor_limit()) {
             continue;
+        }
         Connection *spare = take_any_idle();
-        if (spare == nullptr)
+        if (spare == nullptr) {
             return QUILLON_STATUS_NO_DESCRIPTORS;
+        }
         discard(*spare);
     }
     return QUILLON_STATUS_OK;
@@ -155,10 +166,12 @@ uint32_t connect_socket(int descriptor, const sockaddr_un &address, const Deadli
 {
     // A listener whose backlog is full holds connect() up, for as long as a send may take.
     do {
-        if (deadline.limited() && !limit_send(descriptor, at_least_a_moment(deadline.left())))
+        if (deadline.limited() && !limit_send(descriptor, at_least_a_moment(deadline.left()))) {
             return QUILLON_STATUS_SYSTEM_ERROR;
-        if (connect(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
+        }
+        if (connect(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0) {
             return deadline.limited() && !limit_send(descriptor, {}) ? QUILLON_STATUS_SYSTEM_ERROR : QUILLON_STATUS_OK;
+        }
     } while (errno == EINTR);
     return status_of_connect(errno);
 }
@@ -167,8 +180,9 @@ uint32_t check_peer(int descriptor)
 {
     ucred peer;
     socklen_t size = sizeof peer;
-    if (getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0)
+    if (getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0) {
         return QUILLON_STATUS_SYSTEM_ERROR;
+    }
     return peer.uid == geteuid() ? QUILLON_STATUS_OK : QUILLON_STATUS_REFUSED_PEER;
 }
 
@@ -179,31 +193,35 @@ Connection *take_idle(uint32_t queue)
     const size_t used = connections_ever_used.load(std::memory_order_relaxed);
     for (size_t i = 0; i < used; ++i) {
         Connection &connection = connections[i];
-        if (connection.queue.load(std::memory_order_relaxed) != queue || !change(connection, Use::idle, Use::busy))
+        if (connection.queue.load(std::memory_order_relaxed) != queue || !change(connection, Use::idle, Use::busy)) {
             continue;
-        if (connection.queue.load(std::memory_order_relaxed) == queue)
+        }
+        if (connection.queue.load(std::memory_order_relaxed) == queue) {
             return &connection;
+        }
         keep(connection);  // another thread gave it to another queue in between
     }
     return nullptr;
 }
 
-uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline &deadline,
-                           Connection *&connection)
+uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline &deadline, Connection *&connection)
 {
     Connection *fresh = take_unused();
     if (fresh == nullptr) {
         fresh = take_any_idle();
-        if (fresh == nullptr)
+        if (fresh == nullptr) {
             return QUILLON_STATUS_TOO_MANY_CALLS;
+        }
         close_descriptor(*fresh);
     }
 
     uint32_t status = open_socket(*fresh);
-    if (status == QUILLON_STATUS_OK)
+    if (status == QUILLON_STATUS_OK) {
         status = connect_socket(fresh->descriptor, address, deadline);
-    if (status == QUILLON_STATUS_OK)
+    }
+    if (status == QUILLON_STATUS_OK) {
         status = check_peer(fresh->descriptor);
+    }
     if (status != QUILLON_STATUS_OK) {
         discard(*fresh);
         return status;
@@ -223,8 +241,9 @@ void keep(Connection &connection)
 
 void discard(Connection &connection)
 {
-    if (connection.descriptor != 0)
+    if (connection.descriptor != 0) {
         close_descriptor(connection);
+    }
     connection.use.store(Use::none, std::memory_order_release);
 }
 

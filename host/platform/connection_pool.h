@@ -21,9 +21,9 @@ struct alignas(64) Connection {
 
     std::atomic<Use> use = Use::none;
     std::atomic<uint32_t> queue = 0;  // its key
-    int descriptor = 0;            // 0 is none: standard streams are never used. Changed under the ForkLock only
-    uint32_t sequence = 0;    // of the last request
-    uint32_t driver_cpu = 0;  // when it sent the last reply
+    int descriptor = 0;               // 0 is none: standard streams are never used. Changed under the ForkLock only
+    uint32_t sequence = 0;            // of the last request
+    uint32_t driver_cpu = 0;          // when it sent the last reply
     Polling polling;
 };
 
@@ -32,8 +32,7 @@ Connection *take_idle(uint32_t queue);
 
 // Connects anew to the queue, until the deadline when its driver process does not get round to accepting.
 // Returns QUILLON_STATUS_OK and a busy connection, or what failed.
-uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline &deadline,
-                           Connection *&connection);
+uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline &deadline, Connection *&connection);
 
 // Gives a busy connection back for the next call.
 void keep(Connection &connection);

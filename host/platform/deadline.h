@@ -16,8 +16,9 @@ class Deadline {
 
     explicit Deadline(uint32_t wait_ms) : limited_(wait_ms != QUILLON_WAIT_FOREVER)
     {
-        if (!limited_)
+        if (!limited_) {
             return;
+        }
         clock_gettime(CLOCK_MONOTONIC, &end_);
         end_.tv_sec += wait_ms / 1000;
         end_.tv_nsec += wait_ms % 1000 * 1'000'000;

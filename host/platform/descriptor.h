@@ -27,8 +27,9 @@ class Descriptor {
     int number() const { return number_; }
     void reset()
     {
-        if (number_ >= 0)
+        if (number_ >= 0) {
             close(std::exchange(number_, -1));
+        }
     }
 
   private:

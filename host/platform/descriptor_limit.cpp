@@ -10,8 +10,9 @@ bool raise_descriptor_limit()
     constexpr rlim_t kStep = 1024;
 
     rlimit limit;
-    if (getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= limit.rlim_max)
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= limit.rlim_max) {
         return false;
+    }
     limit.rlim_cur = limit.rlim_max - limit.rlim_cur > kStep ? limit.rlim_cur + kStep : limit.rlim_max;
     return setrlimit(RLIMIT_NOFILE, &limit) == 0;
 }

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <sys/uio.h>
 
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -22,14 +23,14 @@ namespace {
 
 // What a handle points to. Callers read `key`, at byte 12, for their failure reports.
 struct Queue {
-    uint32_t reserved[3];
+    std::array<uint32_t, 3> reserved;
     uint32_t key;
 };
 static_assert(offsetof(Queue, key) == 12);
 
 constexpr size_t kMostQueues = 64;
 
-constinit Queue queues[kMostQueues] = {};
+constinit std::array<Queue, kMostQueues> queues = {};
 constinit std::atomic<size_t> queues_used = 0;
 
 // Found at the first attach and not again: a program may change its environment while other threads make requests.
@@ -40,9 +41,10 @@ constinit std::atomic<bool> runtime_folder_found = false;
 const Queue *queue_of(const void *handle)
 {
     const size_t used = queues_used.load(std::memory_order_acquire);
-    const auto offset = reinterpret_cast<uintptr_t>(handle) - reinterpret_cast<uintptr_t>(queues);
-    if (offset >= used * sizeof(Queue) || offset % sizeof(Queue) != 0)
+    const auto offset = reinterpret_cast<uintptr_t>(handle) - reinterpret_cast<uintptr_t>(queues.data());
+    if (offset >= used * sizeof(Queue) || offset % sizeof(Queue) != 0) {
         return nullptr;
+    }
     return &queues[offset / sizeof(Queue)];
 }
 
@@ -50,11 +52,14 @@ Queue *queue_with(uint32_t key)
 {
     const ForkLock lock;
     const size_t used = queues_used.load(std::memory_order_relaxed);
-    for (size_t i = 0; i < used; ++i)
-        if (queues[i].key == key)
+    for (size_t i = 0; i < used; ++i) {
+        if (queues[i].key == key) {
             return &queues[i];
-    if (used == kMostQueues)
+        }
+    }
+    if (used == kMostQueues) {
         return nullptr;
+    }
     queues[used].key = key;
     queues_used.store(used + 1, std::memory_order_release);
     return &queues[used];
@@ -74,22 +79,16 @@ bool send_request(Connection &connection, const Exchange &exchange)
 {
     PacketHeader header = {
         .kind = PacketHeader::kRequest, .sequence = ++connection.sequence, .room = exchange.room, .cpu = current_cpu()};
-    iovec parts[] = {{&header, sizeof header}, {const_cast<void *>(exchange.request), exchange.request_size}};
+    std::array<iovec, 2> parts = {
+        {{&header, sizeof header}, {const_cast<void *>(exchange.request), exchange.request_size}}};
     msghdr packet = {};
-    packet.msg_iov = parts;
-    packet.msg_iovlen = 2;
+    packet.msg_iov = parts.data();
+    packet.msg_iovlen = parts.size();
     ssize_t sent;
-    do
+    do {
         sent = sendmsg(connection.descriptor, &packet, MSG_NOSIGNAL);
-    while (sent < 0 && errno == EINTR);
+    } while (sent < 0 && errno == EINTR);
     return sent >= 0;
-}
-
-// Looks at the header of what comes next, which stays where it is. The whole packet's size, 0 when the driver process
-// is gone, or -1.
-ssize_t peek(const Connection &connection, PacketHeader &header, int flags)
-{
-    return recv(connection.descriptor, &header, sizeof header, MSG_PEEK | MSG_TRUNC | flags);
 }
 
 // True when something can be read, or the connection has ended; false with errno ETIMEDOUT or what failed.
@@ -98,77 +97,116 @@ bool sleep_until_readable(const Connection &connection, const Deadline &deadline
     pollfd readable = {.fd = connection.descriptor, .events = POLLIN, .revents = 0};
     const timespec left = deadline.left();
     const int ready = ppoll(&readable, 1, &left, nullptr);
-    if (ready == 0)
+    if (ready == 0) {
         errno = ETIMEDOUT;
+    }
     return ready > 0;
 }
 
-// Waits for a reply, polling for a moment where that pays. As peek(), with errno ETIMEDOUT after the deadline.
-ssize_t await_reply(Connection &connection, const Deadline &deadline, PacketHeader &header)
+// Where the next packet, or the start of it, goes.
+struct Destination {
+    void *packet;
+    size_t size;
+    int flags;  // of recv()
+};
+
+// Waits for a packet, polling for a moment where that pays. Its whole size, which may be more than there is room for; 0
+// when the driver process is gone; or -1, with errno ETIMEDOUT after the deadline.
+ssize_t await_packet(Connection &connection, const Deadline &deadline, const Destination &to)
 {
     ssize_t size = -1;
-    if (is_another_cpu(connection.driver_cpu) && connection.polling.worthwhile()) {
-        const auto ready = [&] {
-            size = peek(connection, header, MSG_DONTWAIT);
-            return size >= 0 || errno != EAGAIN;
-        };
-        if (connection.polling.poll(ready))
-            return size;
+    const auto arrived = [&](int flags) {
+        size = recv(connection.descriptor, to.packet, to.size, MSG_TRUNC | to.flags | flags);
+        return size >= 0 || (errno != EAGAIN && errno != EINTR);
+    };
+    if (is_another_cpu(connection.driver_cpu) && connection.polling.worthwhile() &&
+        connection.polling.poll([&] { return arrived(MSG_DONTWAIT); })) {
+        return size;
     }
+
     for (;;) {
         if (deadline.limited() && !sleep_until_readable(connection, deadline)) {
-            if (errno != EINTR)
+            if (errno != EINTR) {
                 return -1;
-            continue;
-        }
-        size = peek(connection, header, deadline.limited() ? MSG_DONTWAIT : 0);
-        if (size >= 0 || (errno != EINTR && errno != EAGAIN))
+            }
+        } else if (arrived(deadline.limited() ? MSG_DONTWAIT : 0)) {
             return size;
+        }
     }
 }
 
-// A reply is looked at before it is received, so that one that is refused leaves the caller's buffer alone.
 uint32_t check_reply(const Connection &connection, ssize_t size, const PacketHeader &header)
 {
-    if (size < 0 && errno == ETIMEDOUT)
+    if (size < 0 && errno == ETIMEDOUT) {
         return QUILLON_STATUS_TIMED_OUT;
-    if (size == 0 || (size < 0 && errno == ECONNRESET))
+    }
+    if (size == 0 || (size < 0 && errno == ECONNRESET)) {
         return QUILLON_STATUS_DRIVER_DIED;
-    if (size < 0)
+    }
+    if (size < 0) {
         return QUILLON_STATUS_SYSTEM_ERROR;
+    }
     const auto bytes = static_cast<size_t>(size);
-    if (bytes < sizeof header || !header.is_ours() || header.sequence != connection.sequence)
+    if (bytes < sizeof header || !header.is_ours() || header.sequence != connection.sequence) {
         return QUILLON_STATUS_MALFORMED_REPLY;
-    if (header.kind == PacketHeader::kNoReply)
+    }
+    if (header.kind == PacketHeader::kNoReply) {
         return QUILLON_STATUS_NO_REPLY;
+    }
     return header.kind == PacketHeader::kReply && bytes >= sizeof header + kEnvelopeStart
                ? QUILLON_STATUS_OK
                : QUILLON_STATUS_MALFORMED_REPLY;
 }
 
-uint32_t take_reply(Connection &connection, const Exchange &exchange)
+// A reply is checked before it reaches the caller's buffer, which one that is refused leaves alone. A small one is
+// copied there, which is cheaper than another system call.
+constexpr size_t kCopiedReply = 1024;
+
+uint32_t receive_small_reply(Connection &connection, const Exchange &exchange)
+{
+    struct {
+        PacketHeader header;
+        std::array<std::byte, kCopiedReply> envelope;
+    } packet;
+    const size_t most = sizeof packet.header + exchange.room;
+    const ssize_t size = await_packet(connection, exchange.deadline, {.packet = &packet, .size = most, .flags = 0});
+    const uint32_t status = check_reply(connection, size, packet.header);
+    if (status != QUILLON_STATUS_OK) {
+        return status;
+    }
+    const size_t received = static_cast<size_t>(size) < most ? static_cast<size_t>(size) : most;
+    memcpy(exchange.reply, packet.envelope.data(), received - sizeof packet.header);
+    connection.driver_cpu = packet.header.cpu;
+    return status;
+}
+
+// Looked at where it is, and then received straight into its place.
+uint32_t receive_large_reply(Connection &connection, const Exchange &exchange)
 {
     PacketHeader header;
-    iovec parts[] = {{&header, sizeof header}, {exchange.reply, exchange.room}};
+    const ssize_t size =
+        await_packet(connection, exchange.deadline, {.packet = &header, .size = sizeof header, .flags = MSG_PEEK});
+    const uint32_t status = check_reply(connection, size, header);
+    if (status != QUILLON_STATUS_OK) {
+        return status;
+    }
+
+    std::array<iovec, 2> parts = {{{&header, sizeof header}, {exchange.reply, exchange.room}}};
     msghdr packet = {};
-    packet.msg_iov = parts;
-    packet.msg_iovlen = 2;
+    packet.msg_iov = parts.data();
+    packet.msg_iovlen = parts.size();
     ssize_t received;
-    do
+    do {
         received = recvmsg(connection.descriptor, &packet, MSG_DONTWAIT);
-    while (received < 0 && errno == EINTR);
-    if (received < 0)
-        return QUILLON_STATUS_SYSTEM_ERROR;
+    } while (received < 0 && errno == EINTR);
     connection.driver_cpu = header.cpu;
-    return QUILLON_STATUS_OK;
+    return received < 0 ? QUILLON_STATUS_SYSTEM_ERROR : QUILLON_STATUS_OK;
 }
 
 uint32_t receive_reply(Connection &connection, const Exchange &exchange)
 {
-    PacketHeader header;
-    const ssize_t size = await_reply(connection, exchange.deadline, header);
-    const uint32_t status = check_reply(connection, size, header);
-    return status == QUILLON_STATUS_OK ? take_reply(connection, exchange) : status;
+    return exchange.room <= kCopiedReply ? receive_small_reply(connection, exchange)
+                                         : receive_large_reply(connection, exchange);
 }
 
 sockaddr_un address_of(uint32_t key)
@@ -181,15 +219,18 @@ sockaddr_un address_of(uint32_t key)
 uint32_t send_on_some_connection(uint32_t key, const Exchange &exchange, Connection *&connection)
 {
     while ((connection = take_idle(key)) != nullptr) {
-        if (send_request(*connection, exchange))
+        if (send_request(*connection, exchange)) {
             return QUILLON_STATUS_OK;
+        }
         discard(*connection);
     }
     const uint32_t status = connect_anew(key, address_of(key), exchange.deadline, connection);
-    if (status != QUILLON_STATUS_OK)
+    if (status != QUILLON_STATUS_OK) {
         return status;
-    if (send_request(*connection, exchange))
+    }
+    if (send_request(*connection, exchange)) {
         return QUILLON_STATUS_OK;
+    }
     const bool driver_gone = errno == EPIPE || errno == ECONNRESET;
     discard(*connection);
     return driver_gone ? QUILLON_STATUS_NO_DRIVER : QUILLON_STATUS_SYSTEM_ERROR;
@@ -199,21 +240,23 @@ uint32_t exchange_on(uint32_t key, const Exchange &exchange)
 {
     Connection *connection = nullptr;
     uint32_t status = send_on_some_connection(key, exchange, connection);
-    if (status != QUILLON_STATUS_OK)
+    if (status != QUILLON_STATUS_OK) {
         return status;
+    }
     status = receive_reply(*connection, exchange);
-    if (status == QUILLON_STATUS_OK)
+    if (status == QUILLON_STATUS_OK) {
         keep(*connection);
-    else
+    } else {
         discard(*connection);
+    }
     return status;
 }
 
 // Nothing is sent on an idle connection by its driver process, so that one that can be read has ended.
 bool still_open(const Connection &connection)
 {
-    PacketHeader header;
-    return peek(connection, header, MSG_DONTWAIT) < 0 && errno == EAGAIN;
+    char any;
+    return recv(connection.descriptor, &any, sizeof any, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
 }
 
 uint32_t attach(uint32_t key)
@@ -227,8 +270,9 @@ uint32_t attach(uint32_t key)
         discard(*connection);
     }
     const uint32_t status = connect_anew(key, address_of(key), Deadline::never(), connection);
-    if (status == QUILLON_STATUS_OK)
+    if (status == QUILLON_STATUS_OK) {
         keep(*connection);
+    }
     return status;
 }
 
@@ -236,8 +280,9 @@ bool find_runtime_folder()
 {
     const ForkLock lock;
     if (!runtime_folder_found.load(std::memory_order_relaxed) &&
-        locate_runtime_folder(runtime_folder) == PathFault::none)
+        locate_runtime_folder(runtime_folder) == PathFault::none) {
         runtime_folder_found.store(true, std::memory_order_release);
+    }
     return runtime_folder_found.load(std::memory_order_relaxed);
 }
 
@@ -274,13 +319,15 @@ using namespace quillon::host;
 
 uint32_t SYSFUN_GetMsgQ(uint32_t key, uint32_t, void **handle)
 {
-    if (handle == nullptr)
+    if (handle == nullptr) {
         return QUILLON_STATUS_BAD_ARGUMENT;
+    }
     const CancellationOff off;
 
     *handle = queue_with(key);
-    if (*handle == nullptr)
+    if (*handle == nullptr) {
         return QUILLON_STATUS_TOO_MANY_QUEUES;
+    }
     return find_runtime_folder() ? attach(key) : QUILLON_STATUS_BAD_RUNTIME_DIR;
 }
 
@@ -288,12 +335,15 @@ uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time
                                  void *reply, const char *, uint32_t)
 {
     const Queue *const queue = queue_of(handle);
-    if (queue == nullptr)
+    if (queue == nullptr) {
         return QUILLON_STATUS_BAD_HANDLE;
-    if (request == nullptr || reply == nullptr)
+    }
+    if (request == nullptr || reply == nullptr) {
         return QUILLON_STATUS_BAD_ARGUMENT;
-    if (!runtime_folder_found.load(std::memory_order_acquire))
+    }
+    if (!runtime_folder_found.load(std::memory_order_acquire)) {
         return QUILLON_STATUS_BAD_RUNTIME_DIR;
+    }
 
     const CancellationOff off;
     return exchange_on(queue->key, {.request = request,

@@ -25,8 +25,9 @@ class Polling {
                 return true;
             }
         } while (now_ns() < end);
-        if (misses_ < kPatience)
+        if (misses_ < kPatience) {
             ++misses_;
+        }
         return false;
     }
 

@@ -2,7 +2,6 @@
 
 #include <errno.h>
 #include <signal.h>
-#include <string.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -15,6 +14,7 @@
 
 #include "host/platform/client_connection.h"
 #include "host/platform/descriptor.h"
+#include "host/platform/error_text.h"
 #include "host/platform/queue_thread.h"
 
 namespace quillon::host {
@@ -46,8 +46,9 @@ PendingReply::PendingReply(PendingReply &&other) noexcept = default;
 PendingReply &PendingReply::operator=(PendingReply &&other) noexcept
 {
     if (this != &other) {
-        if (client_)
+        if (client_) {
             client_->refuse_parked();
+        }
         client_ = std::move(other.client_);
     }
     return *this;
@@ -55,8 +56,9 @@ PendingReply &PendingReply::operator=(PendingReply &&other) noexcept
 
 PendingReply::~PendingReply()
 {
-    if (client_)
+    if (client_) {
         client_->refuse_parked();
+    }
 }
 
 bool PendingReply::awaited() const noexcept
@@ -84,8 +86,9 @@ Request::Request(uint32_t queue, ClientConnection &connection, uint32_t sequence
 
 PendingReply Request::answer_later(std::function<void()> client_gone)
 {
-    if (later_)
+    if (later_) {
         throw std::logic_error("a request is answered once");
+    }
     later_ = true;
     connection_.park(sequence_, reply_.size(), std::move(client_gone));
     return PendingReply(connection_.shared_from_this());
@@ -101,16 +104,18 @@ struct QueueServer::Queues {
 QueueServer::QueueServer(const RuntimeFolder &folder, IncidentReport report)
     : queues_(new Queues{.folder = folder.path(), .report = std::move(report)})
 {
-    if (!queues_->stop)
-        throw QueueError(std::string("cannot serve queues: ") + strerror(errno));
+    if (!queues_->stop) {
+        throw QueueError("cannot serve queues: " + error_text());
+    }
 }
 
 QueueServer::~QueueServer() = default;
 
 void QueueServer::create_queue(uint32_t key, Handler handler)
 {
-    if (std::ranges::any_of(queues_->all, [&](const auto &queue) { return queue->key() == key; }))
+    if (std::ranges::any_of(queues_->all, [&](const auto &queue) { return queue->key() == key; })) {
         throw QueueError("queue " + std::to_string(key) + " is there already");
+    }
     queues_->all.push_back(std::make_unique<QueueThread>(queues_->folder, key, queues_->stop.number(),
                                                          std::move(handler), queues_->report));
 }
@@ -121,8 +126,9 @@ void QueueServer::run()
         std::vector<std::jthread> threads;
         try {
             const SignalsBlocked blocked;
-            for (const auto &queue : queues_->all)
+            for (const auto &queue : queues_->all) {
                 threads.emplace_back([&queue] { queue->run(); });
+            }
         } catch (...) {
             stop();
             throw;

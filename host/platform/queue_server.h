@@ -125,7 +125,7 @@ struct Incident {
         foreign_peer,     // a packet that is not of this transport, or of another version of it: the client was dropped
         refused_peer,     // another user's process tried to connect
         reply_not_taken,  // the client does not read its replies: it was dropped
-        no_descriptors,   // clients wait to be accepted; reported once until one is accepted again
+        no_descriptors,   // clients wait to be accepted; reported once until all who wait are in
         handler_threw,    // `text` is what()
     };
     Kind kind;

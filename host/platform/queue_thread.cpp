@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "host/platform/descriptor_limit.h"
+#include "host/platform/error_text.h"
 #include "host/platform/runtime_path.h"
 
 namespace quillon::host {
@@ -23,9 +24,9 @@ constexpr size_t kEventsARound = 64;
 constexpr int kAcceptsARound = 16;
 constexpr std::chrono::milliseconds kAcceptAgainAfter{100};
 
-QueueError cannot_create(uint32_t key)
+[[noreturn]] void fail_to_create(uint32_t key)
 {
-    return QueueError("cannot create queue " + std::to_string(key) + ": " + strerror(errno));
+    throw QueueError("cannot create queue " + std::to_string(key) + ": " + error_text());
 }
 
 // Made under another name and then renamed: whoever finds the queue finds it ready, with its mode set.
@@ -38,8 +39,9 @@ Descriptor listening_socket(const std::string &folder, uint32_t key)
     Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket || fchmod(socket.number(), S_IRUSR | S_IWUSR) != 0 ||
         bind(socket.number(), reinterpret_cast<const sockaddr *>(&unready), sizeof unready) != 0 ||
-        listen(socket.number(), SOMAXCONN) != 0 || rename(unready.sun_path, served.sun_path) != 0)
-        throw cannot_create(key);
+        listen(socket.number(), SOMAXCONN) != 0 || rename(unready.sun_path, served.sun_path) != 0) {
+        fail_to_create(key);
+    }
     return socket;
 }
 
@@ -51,8 +53,9 @@ bool watch(int epoll, int descriptor, void *source)
 
 Request::Form form_of(std::span<const std::byte> envelope, size_t sent_size)
 {
-    if (sent_size < kEnvelopeStart)
+    if (sent_size < kEnvelopeStart) {
         return Request::Form::too_short;
+    }
     uint16_t msg_size;
     memcpy(&msg_size, &envelope[kMsgSizeOffset], sizeof msg_size);
     return sent_size == kEnvelopeStart + msg_size ? Request::Form::sound : Request::Form::wrong_size;
@@ -69,15 +72,17 @@ QueueThread::QueueThread(const std::string &folder, uint32_t key, int stop, Hand
       epoll_(epoll_create1(EPOLL_CLOEXEC)),
       listener_(listening_socket(folder, key))
 {
-    if (!epoll_ || !watch(epoll_.number(), stop, nullptr) || !watch(epoll_.number(), listener_.number(), this))
-        throw cannot_create(key);
+    if (!epoll_ || !watch(epoll_.number(), stop, nullptr) || !watch(epoll_.number(), listener_.number(), this)) {
+        fail_to_create(key);
+    }
 }
 
 QueueThread::~QueueThread()
 {
     unlink(path_.c_str());
-    for (const auto &[client, owner] : clients_)
+    for (const auto &[client, owner] : clients_) {
         client->close();
+    }
 }
 
 void QueueThread::run()
@@ -86,15 +91,18 @@ void QueueThread::run()
     for (;;) {
         const size_t count = wait(events);
         for (const epoll_event &event : std::span(events).first(count)) {
-            if (event.data.ptr == nullptr)
+            if (event.data.ptr == nullptr) {
                 return;
-            if (event.data.ptr == this)
+            }
+            if (event.data.ptr == this) {
                 accept_clients();
-            else
+            } else {
                 serve(*static_cast<ClientConnection *>(event.data.ptr));
+            }
         }
-        if (starving_ && Clock::now() >= accept_again_)
+        if (starving_ && Clock::now() >= accept_again_) {
             resume_accepting();
+        }
     }
 }
 
@@ -105,10 +113,12 @@ size_t QueueThread::wait(std::span<epoll_event> events)
     };
     const bool elsewhere = std::exchange(served_, false) && !std::exchange(served_own_cpu_, false);
     int count = 0;
-    if (elsewhere && polling_.worthwhile())
+    if (elsewhere && polling_.worthwhile()) {
         polling_.poll([&] { return (count = wait_for(0)) != 0; });
-    if (count == 0)
+    }
+    if (count == 0) {
         count = wait_for(starving_ ? static_cast<int>(kAcceptAgainAfter.count()) : -1);
+    }
     return static_cast<size_t>(std::max(count, 0));
 }
 
@@ -117,14 +127,17 @@ void QueueThread::accept_clients()
     for (int i = 0; i < kAcceptsARound; ++i) {
         Descriptor socket(accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (socket) {
-            starving_reported_ = false;
             accept_client(std::move(socket));
             continue;
         }
-        if (errno == EMFILE && raise_descriptor_limit())
+        if (errno == EMFILE && raise_descriptor_limit()) {
             continue;
-        if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM)
+        }
+        if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM) {
             stop_accepting();
+        } else if (errno == EAGAIN) {
+            starving_reported_ = false;  // all who waited are in
+        }
         return;
     }
 }
@@ -133,23 +146,26 @@ void QueueThread::accept_client(Descriptor socket)
 {
     ucred peer;
     socklen_t size = sizeof peer;
-    if (getsockopt(socket.number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0)
+    if (getsockopt(socket.number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0) {
         return;
+    }
     if (peer.uid != geteuid()) {
         report(Incident::Kind::refused_peer, peer.pid);
         return;
     }
     auto client = std::make_shared<ClientConnection>(std::move(socket), peer.pid, epoll_.number());
-    if (client->watch())
+    if (client->watch()) {
         clients_.emplace(client.get(), std::move(client));
-    else
-        report(Incident::Kind::no_descriptors, peer.pid, strerror(errno));
+    } else {
+        report(Incident::Kind::no_descriptors, peer.pid, error_text());
+    }
 }
 
 void QueueThread::stop_accepting()
 {
-    if (!std::exchange(starving_reported_, true))
-        report(Incident::Kind::no_descriptors, 0, strerror(errno));
+    if (!std::exchange(starving_reported_, true)) {
+        report(Incident::Kind::no_descriptors, 0, error_text());
+    }
     epoll_ctl(epoll_.number(), EPOLL_CTL_DEL, listener_.number(), nullptr);
     starving_ = true;
     accept_again_ = Clock::now() + kAcceptAgainAfter;
@@ -157,10 +173,11 @@ void QueueThread::stop_accepting()
 
 void QueueThread::resume_accepting()
 {
-    if (watch(epoll_.number(), listener_.number(), this))
+    if (watch(epoll_.number(), listener_.number(), this)) {
         starving_ = false;
-    else
+    } else {
         accept_again_ = Clock::now() + kAcceptAgainAfter;
+    }
 }
 
 void QueueThread::serve(ClientConnection &client)
@@ -176,8 +193,9 @@ void QueueThread::serve(ClientConnection &client)
             return;
     }
     const ssize_t size = client.receive(*request_);
-    if (size < 0 && (errno == EAGAIN || errno == EINTR))
+    if (size < 0 && (errno == EAGAIN || errno == EINTR)) {
         return;
+    }
     if (size <= 0) {
         drop(client);
         return;
@@ -203,14 +221,17 @@ void QueueThread::serve_packet(ClientConnection &client, size_t size)
                     std::span(reply_->envelope).first(room));
 
     const size_t reply_size = std::min(handle(request), room);
-    if (request.later_)
+    if (request.later_) {
         return;
+    }
     reply_->header = {.kind = PacketHeader::kReply, .sequence = header.sequence, .cpu = current_cpu()};
     const auto delivery = reply_size == 0 ? client.refuse(header.sequence) : client.reply(*reply_, reply_size);
-    if (delivery == ClientConnection::Delivery::delivered)
+    if (delivery == ClientConnection::Delivery::delivered) {
         return;
-    if (delivery == ClientConnection::Delivery::not_taken)
+    }
+    if (delivery == ClientConnection::Delivery::not_taken) {
         report(Incident::Kind::reply_not_taken, client.pid());
+    }
     drop(client);
 }
 
@@ -230,16 +251,19 @@ void QueueThread::drop(ClientConnection &client)
 {
     const auto owner = std::move(clients_.extract(&client).mapped());
     const std::function<void()> client_gone = owner->close();
-    if (starving_)
+    if (starving_) {
         accept_again_ = Clock::now();  // its descriptor may do for one that waits
-    if (client_gone)
+    }
+    if (client_gone) {
         client_gone();
+    }
 }
 
 void QueueThread::report(Incident::Kind kind, pid_t client, std::string_view text) const
 {
-    if (report_)
+    if (report_) {
         report_({.kind = kind, .queue = key_, .client = client, .text = text});
+    }
 }
 
 }  // namespace quillon::host

@@ -1,6 +1,5 @@
 #include <errno.h>
 #include <fcntl.h>
-#include <string.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,6 +8,7 @@
 #include <utility>
 
 #include "host/platform/descriptor.h"
+#include "host/platform/error_text.h"
 #include "host/platform/queue_server.h"
 #include "host/platform/runtime_path.h"
 
@@ -30,20 +30,23 @@ std::string located_path()
     return path.text;
 }
 
-QueueError fault(const std::string &path, const std::string &what)
+[[noreturn]] void refuse(const std::string &path, const std::string &what)
 {
-    return QueueError("run-time folder '" + path + "' " + what + " (QUILLON_RUNTIME_DIR chooses another)");
+    throw QueueError("run-time folder '" + path + "' " + what + " (QUILLON_RUNTIME_DIR chooses another)");
 }
 
 void check_private(int folder, const std::string &path)
 {
     struct stat status;
-    if (fstat(folder, &status) != 0)
-        throw fault(path, std::string("cannot be examined: ") + strerror(errno));
-    if (status.st_uid != geteuid())
-        throw fault(path, "belongs to another user, " + std::to_string(status.st_uid));
-    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
-        throw fault(path, "is open to other users: its mode must be 0700");
+    if (fstat(folder, &status) != 0) {
+        refuse(path, "cannot be examined: " + error_text());
+    }
+    if (status.st_uid != geteuid()) {
+        refuse(path, "belongs to another user, " + std::to_string(status.st_uid));
+    }
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        refuse(path, "is open to other users: its mode must be 0700");
+    }
 }
 
 }  // namespace
@@ -51,21 +54,22 @@ void check_private(int folder, const std::string &path)
 RuntimeFolder RuntimeFolder::claim()
 {
     std::string path = located_path();
-    if (mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST)
-        throw fault(path, std::string("cannot be created: ") + strerror(errno));
+    if (mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
+        refuse(path, "cannot be created: " + error_text());
+    }
 
     Descriptor folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!folder) {
         const bool no_folder = errno == ENOTDIR || errno == ELOOP;
-        throw fault(path, no_folder ? std::string("is a symbolic link or no folder")
-                                    : std::string("cannot be opened: ") + strerror(errno));
+        refuse(path, no_folder ? std::string("is a symbolic link or no folder") : "cannot be opened: " + error_text());
     }
     check_private(folder.number(), path);
 
-    if (flock(folder.number(), LOCK_EX | LOCK_NB) != 0)
-        throw fault(path, errno == EWOULDBLOCK ? std::string("is in use by another driver process")
-                                               : std::string("cannot be locked: ") + strerror(errno));
-    return RuntimeFolder(std::move(path), std::move(folder));
+    if (flock(folder.number(), LOCK_EX | LOCK_NB) != 0) {
+        refuse(path, errno == EWOULDBLOCK ? std::string("is in use by another driver process")
+                                          : "cannot be locked: " + error_text());
+    }
+    return {std::move(path), std::move(folder)};
 }
 
 RuntimeFolder::RuntimeFolder(std::string path, Descriptor folder) noexcept

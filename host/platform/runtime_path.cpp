@@ -10,7 +10,7 @@ namespace {
 
 const char *set_variable(const char *name)
 {
-    const char *value = getenv(name);
+    const char *value = getenv(name);  // NOLINT(concurrency-mt-unsafe): at start-up only
     return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
@@ -19,15 +19,17 @@ const char *set_variable(const char *name)
 PathFault locate_runtime_folder(RuntimePath &path)
 {
     int length;
-    if (const char *own = set_variable("QUILLON_RUNTIME_DIR"))
+    if (const char *own = set_variable("QUILLON_RUNTIME_DIR")) {
         length = snprintf(path.text, sizeof path.text, "%s", own);
-    else if (const char *user = set_variable("XDG_RUNTIME_DIR"))
+    } else if (const char *user = set_variable("XDG_RUNTIME_DIR")) {
         length = snprintf(path.text, sizeof path.text, "%s/quillon", user);
-    else
+    } else {
         length = snprintf(path.text, sizeof path.text, "/tmp/quillon-%u", geteuid());
+    }
 
-    if (length < 0 || static_cast<size_t>(length) >= sizeof path.text)
+    if (length < 0 || static_cast<size_t>(length) >= sizeof path.text) {
         return PathFault::too_long;
+    }
     return path.text[0] == '/' ? PathFault::none : PathFault::not_absolute;
 }
 
@@ -36,7 +38,7 @@ sockaddr_un queue_address(const char *folder, uint32_t key, QueueName name)
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     const char *format = name == QueueName::served ? "%s/queue-%u" : "%s/.queue-%u.new";
-    snprintf(address.sun_path, sizeof address.sun_path, format, folder, key);
+    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder, key);
     return address;
 }
 

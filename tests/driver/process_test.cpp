@@ -171,6 +171,8 @@ TEST(DriverProcess, OutlivesTheReaderOfItsLog)
     RawQueue client(folder.path(), 24);
     EXPECT_TRUE(client.exchange(closed_bytes_of("+8 7800 0400 +16 FF000000 00*4"), 24));
     EXPECT_TRUE(client.exchange(closed_bytes_of("+8 7800 0400 +16 04000000 00*4"), 24));
+    driver.signal(SIGTERM);
+    EXPECT_EQ(driver.wait(), 0);
 }
 
 }  // namespace

@@ -21,8 +21,6 @@ namespace {
 using testing::AllOf;
 using testing::Each;
 using testing::Field;
-using testing::IsEmpty;
-using testing::MatchesRegex;
 using testing::SizeIs;
 
 auto all_return(int calls, unsigned result)

@@ -18,7 +18,6 @@ namespace quillon::test {
 namespace {
 
 using testing::HasSubstr;
-using testing::Le;
 
 constexpr uint32_t queues[] = {24, 25, 52, 59};
 

@@ -152,9 +152,18 @@ TEST_F(StartedFamilyTest, WorksOnItsOtherQueueWhenOneIsMissing)
 {
     platform().missing_queues = {59};
     DEV_SWDRV_PMGR_InitiateProcessResource();
+    platform().answer = [](const SentRequest &request) {
+        return request.handle == nullptr ? PlayedReply{.status = 5, .poisoned = false}
+                                         : PlayedReply{.from_type = bytes_of("02000000")};
+    };
 
     EXPECT_EQ(DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber(), 2);
-    EXPECT_EQ(platform().sent.at(0).queue_key, 24);
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiInit(), 0);
+
+    const std::string line = std::to_string(platform().sent.at(1).line);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "DEV_SWDRV_PMGR_TwsiInit() line " + line + ":Failed to send/receive IPC message.(msgq_key=0, rc=5)\r\n");
 }
 
 TEST_F(StartedFamilyTest, UsesTheHandlesOfItsLatestStartUp)
@@ -178,19 +187,6 @@ TEST_F(StartedFamilyTest, KeepsItsHandleWhenAnotherFamilyStarts)
     DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber();
 
     EXPECT_EQ(platform().sent.at(0).handle, platform().attaches[0].handle);
-}
-
-TEST_F(StartedFamilyTest, ReportsKeyZeroWhenItsQueueWasNotFound)
-{
-    platform().missing_queues = {24};
-    DEV_SWDRV_PMGR_InitiateProcessResource();
-    platform().answer = [](const SentRequest &) { return PlayedReply{.status = 5, .poisoned = false}; };
-
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber(), 0);
-    const std::string line = std::to_string(platform().sent.at(0).line);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber() line " + line +
-                                                          ":Failed to send/receive IPC message.(msgq_key=0, rc=5)\r\n");
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <functional>
+#include <set>
 #include <thread>
 #include <vector>
 
@@ -81,19 +82,20 @@ TEST(ClientProcess, AChildHoldsNoConnectionOfItsParents)
     close(child_lives[1]);
 }
 
+// Fault: a program that the client starts holds a connection, and with it the driver process's idea of who lives.
 TEST(ClientProcess, ClosesItsDescriptorsOnExec)
 {
     const Driver driver;
-    attach();
-    size_t sockets = 0;
-    for (int descriptor = 0; descriptor < 1024; ++descriptor) {
-        struct stat status;
-        if (fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode)) {
-            ++sockets;
-            EXPECT_EQ(fcntl(descriptor, F_GETFD), FD_CLOEXEC);
-        }
-    }
-    EXPECT_GT(sockets, 0u);
+    EXPECT_EQ(in_child([] {
+                  const std::set<int> before = open_sockets();
+                  attach();
+                  int kept = 0;
+                  for (const int descriptor : open_sockets()) {
+                      kept += !before.contains(descriptor) && fcntl(descriptor, F_GETFD) != FD_CLOEXEC;
+                  }
+                  return open_sockets().size() == before.size() + 1 ? kept : -1;
+              }),
+              0);
 }
 
 // Fault: a program that closed its standard streams prints into a queue.
@@ -106,7 +108,7 @@ TEST(ClientProcess, KeepsAwayFromStandardStreams)
                   close(2);
                   void *const queue = attach();
                   const bool free = fcntl(0, F_GETFD) < 0 && fcntl(1, F_GETFD) < 0 && fcntl(2, F_GETFD) < 0;
-                  return free && echoes(queue, 1) && open_sockets() == 1 ? 0 : 1;
+                  return free && echoes(queue, 1) ? 0 : 1;
               }),
               0);
 }
@@ -117,11 +119,12 @@ TEST(ClientProcess, NeedsDescriptorsForCallsAtOneTimeOnly)
     const Events events;
     const Driver driver(&events);
     EXPECT_EQ(in_child([&] {
+                  const size_t before = open_sockets().size();
                   void *const queue = attach();
                   for (uint32_t i = 0; i < 100; ++i) {
                       std::jthread([&] { ask(queue, Ask::echo); });
                   }
-                  if (open_sockets() != 1) {
+                  if (open_sockets().size() != before + 1) {
                       return 1;
                   }
                   std::vector<std::jthread> waiting;
@@ -131,7 +134,7 @@ TEST(ClientProcess, NeedsDescriptorsForCallsAtOneTimeOnly)
                   }
                   ask(queue, Ask::release);
                   waiting.clear();
-                  return open_sockets() == 6 ? 0 : 2;
+                  return open_sockets().size() == before + 6 ? 0 : 2;
               }),
               0);
 }

@@ -171,7 +171,7 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
 {
     const Events events;
     // Room for a few clients beside the two queues' own descriptors.
-    const Driver driver(&events, [] { limit_descriptors(12, 12); });
+    Driver driver(&events, [] { limit_descriptors(12, 12); });
     void *const queue = attach();
     EXPECT_EQ(ask(queue, Ask::queue), kQueue);
     std::vector<int> crowd;
@@ -179,6 +179,7 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
         crowd.push_back(raw_connection());
     }
     EXPECT_EQ(events.next(), 'd');
+    EXPECT_TRUE(driver.process().falls_asleep());
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(ask(queue, Ask::queue), kQueue) << "who is in is served";
     }

@@ -13,7 +13,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <mutex>
 #include <stdexcept>
@@ -306,6 +308,27 @@ void Process::kill_and_wait()
     }
 }
 
+bool Process::falls_asleep() const
+{
+    const auto asleep = [](const std::filesystem::directory_entry &thread) {
+        // "id (name) state ...", with the name's own parentheses
+        std::ifstream file(thread.path() / "stat");
+        std::string line;
+        std::getline(file, line);
+        const size_t name_end = line.rfind(") ");
+        return name_end != std::string::npos && line.compare(name_end, 3, ") S") == 0;
+    };
+    const auto give_up = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    const std::filesystem::path threads = "/proc/" + std::to_string(pid_) + "/task";
+    while (std::chrono::steady_clock::now() < give_up) {
+        if (std::all_of(std::filesystem::directory_iterator(threads), {}, asleep)) {
+            return true;
+        }
+        std::this_thread::yield();
+    }
+    return false;
+}
+
 int in_child(const std::function<int()> &body)
 {
     return Process([&](const auto &ready) {
@@ -377,12 +400,14 @@ std::vector<char> raw_request(Ask type, uint32_t sequence)
     return packet;
 }
 
-size_t open_sockets()
+std::set<int> open_sockets()
 {
-    size_t sockets = 0;
+    std::set<int> sockets;
     for (int descriptor = 0; descriptor < kMostDescriptors; ++descriptor) {
         struct stat status;
-        sockets += fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
+        if (fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode)) {
+            sockets.insert(descriptor);
+        }
     }
     return sockets;
 }

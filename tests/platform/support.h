@@ -10,6 +10,7 @@
 
 #include <array>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,8 @@ class Process {
     // The exit status, or minus the signal that ended it.
     int wait();
     void kill_and_wait();
+    // Waits until all its threads sleep. False when that does not come.
+    bool falls_asleep() const;
 
   private:
     pid_t pid_ = -1;
@@ -121,8 +124,8 @@ uint32_t ask(void *handle, Ask type, uint32_t word = 0);
 int raw_connection(uint32_t key = kQueue);
 std::vector<char> raw_request(Ask type, uint32_t sequence = 1);
 
-// How many sockets this process has.
-size_t open_sockets();
+// The sockets of this process.
+std::set<int> open_sockets();
 
 // Leaves this process room for so many more descriptors, by its soft and its hard limit.
 void limit_descriptors(rlim_t soft, rlim_t hard);

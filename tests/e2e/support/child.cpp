@@ -34,8 +34,22 @@ struct Pipe {
     host::Descriptor writing;
 };
 
-[[noreturn]] void become(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment)
+// Whatever started the tests may have ignored or blocked signals.
+void be_started_as_from_a_shell()
 {
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM, SIGCHLD}) {
+        signal(number, SIG_DFL);
+    }
+}
+
+}  // namespace
+
+void become(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment)
+{
+    be_started_as_from_a_shell();
     for (const auto &[name, value] : environment) {
         setenv(name.c_str(), value.c_str(), 1);
     }
@@ -48,8 +62,6 @@ struct Pipe {
     perror(arguments[0]);
     _exit(127);
 }
-
-}  // namespace
 
 bool Output::fill()
 {

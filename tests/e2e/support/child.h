@@ -57,6 +57,10 @@ class Child {
     Output err_;
 };
 
+// In a child process: becomes this program. `environment` adds to the test's own.
+[[noreturn]] void become(const std::vector<std::string> &command,
+                         const std::map<std::string, std::string> &environment);
+
 std::vector<std::string> lines_of(const std::string &text);
 
 }  // namespace quillon::test
