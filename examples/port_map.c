@@ -17,6 +17,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <sys/types.h>
+#include <time.h>
 #include <unistd.h>
 
 #include "quillon/platform.h"
@@ -241,10 +242,14 @@ static void kill_driver_process_during_call(void)
 static void wait_for_driver_process(void)
 {
     const uint32_t main_queue = 24, mode = 1;
+    const time_t end = time(NULL) + 10;
     void *handle;
 
-    while (SYSFUN_GetMsgQ(main_queue, mode, &handle) != 0)
+    while (SYSFUN_GetMsgQ(main_queue, mode, &handle) != 0) {
+        if (time(NULL) > end)
+            stop_here("the driver process does not come back");
         sched_yield();
+    }
 }
 
 static void show_death(void)

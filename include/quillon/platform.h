@@ -80,6 +80,52 @@ uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time
 /* The id of the calling task: on a workstation, its Linux thread id. */
 uint32_t SYSFUN_TaskIdSelf(void);
 
+/* ---- Semaphores and task events ---- */
+
+/*
+ * Looks the semaphore `key` up and stores its id, which the two functions below take, in `*semaphore`.
+ *
+ * Returns 0 when there is such a semaphore, and any other value when not.
+ */
+uint32_t SYSFUN_GetSem(uint32_t key, uint32_t *semaphore);
+
+/*
+ * Takes a semaphore that any process may hold, and waits for it up to `timeout` milliseconds, or with
+ * QUILLON_WAIT_FOREVER for ever. It is held by the calling task until that gives it back.
+ *
+ * Returns 0 when it was taken.
+ */
+uint32_t SYSFUN_TakeSem(uint32_t semaphore, uint32_t timeout);
+
+/* Gives a semaphore back. Returns 0 on success. */
+uint32_t SYSFUN_GiveSem(uint32_t semaphore);
+
+/*
+ * Sends the events of the bit mask `events` to a task of any process, which may be waiting for them or fetch them later.
+ *
+ * Returns 0 when they were sent, and any other value when not.
+ */
+uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events);
+
+/* ---- Memory shared with the driver process ---- */
+
+/* The start of a segment, null when there is none of that id. */
+void *SYSRSC_MGR_GetShMem(uint32_t segment_id);
+
+/*
+ * The IPC memory holds packets: received ones in the area of the receive buffers, those to send in the transmit area.
+ * Every process has it at addresses of its own, and refers to a place in it by an offset.
+ */
+
+/* Stores the start of the area of the receive buffers in `*start`. Returns 1, and 0 when there is no such area. */
+uint8_t L_IPCMEM_GetRxBufStartAddress(void **start);
+
+/* The offset of `address` from the start of the IPC memory. */
+uint32_t L_IPCMEM_GetOffset(const void *address);
+
+/* The offset of `address` from the start of the transmit area. */
+uint32_t L_IPCMEM_GetTxOffset(const void *address);
+
 /* ---- Debug console ---- */
 
 /*

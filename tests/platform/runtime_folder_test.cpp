@@ -31,7 +31,13 @@ class RuntimeFolderTest : public testing::Test {
         unsetenv("QUILLON_RUNTIME_DIR");
         unsetenv("XDG_RUNTIME_DIR");
     }
-    void TearDown() override { setenv("QUILLON_RUNTIME_DIR", runtime_folder().c_str(), 1); }
+    void TearDown() override
+    {
+        setenv("QUILLON_RUNTIME_DIR", runtime_folder().c_str(), 1);
+        for (const auto &entry : std::filesystem::directory_iterator(runtime_folder())) {
+            std::filesystem::remove_all(entry);
+        }
+    }
 
     // What claiming `path` is refused with.
     static std::string refusal(const std::string &path)

@@ -89,6 +89,29 @@ uint32_t send(void *handle, void *request, uint32_t wait_time, uint32_t event_ma
     return played.status;
 }
 
+void record(const std::string &call)
+{
+    if (platform().before_system_call) {
+        platform().before_system_call();
+    }
+    platform().system_calls.push_back(call);
+}
+
+std::string text(uint32_t number)
+{
+    return std::to_string(number);
+}
+
+IpcPlace place_of(const void *address)
+{
+    const auto place = platform().ipc_places.find(address);
+    if (place == platform().ipc_places.end()) {
+        ADD_FAILURE() << "the offset of an address is asked for that the test does not know";
+        return {};
+    }
+    return place->second;
+}
+
 }  // namespace
 
 RecordingPlatform &platform()
@@ -105,6 +128,8 @@ void reset_platform()
 }  // namespace quillon::test
 
 using quillon::test::platform;
+using quillon::test::record;
+using quillon::test::text;
 
 uint32_t SYSFUN_GetMsgQ(uint32_t key, uint32_t mode, void **handle)
 {
@@ -131,6 +156,63 @@ uint64_t recorded_send(void *handle, void *request, uint32_t wait_time, uint32_t
 uint32_t SYSFUN_TaskIdSelf(void)
 {
     return quillon::test::RecordingPlatform::task_id;
+}
+
+uint32_t SYSFUN_GetSem(uint32_t key, uint32_t *semaphore)
+{
+    record("GetSem " + text(key));
+    const auto found = platform().semaphores.find(key);
+    if (found == platform().semaphores.end()) {
+        return 1;
+    }
+    *semaphore = found->second;
+    return 0;
+}
+
+// Semaphores are there to be recorded; no task waits for another here.
+uint32_t SYSFUN_TakeSem(uint32_t semaphore, uint32_t timeout)
+{
+    record("TakeSem " + text(semaphore) + " " + text(timeout));
+    return 0;
+}
+
+uint32_t SYSFUN_GiveSem(uint32_t semaphore)
+{
+    record("GiveSem " + text(semaphore));
+    return 0;
+}
+
+uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events)
+{
+    record("SendEvent " + text(task_id) + " " + text(events));
+    return platform().event_status;
+}
+
+void *SYSRSC_MGR_GetShMem(uint32_t segment_id)
+{
+    record("GetShMem " + text(segment_id));
+    const auto found = platform().segments.find(segment_id);
+    return found == platform().segments.end() ? nullptr : found->second;
+}
+
+uint8_t L_IPCMEM_GetRxBufStartAddress(void **start)
+{
+    record("GetRxBufStartAddress");
+    if (!platform().receive_buffers) {
+        return 0;
+    }
+    *start = *platform().receive_buffers;
+    return 1;
+}
+
+uint32_t L_IPCMEM_GetOffset(const void *address)
+{
+    return quillon::test::place_of(address).offset;
+}
+
+uint32_t L_IPCMEM_GetTxOffset(const void *address)
+{
+    return quillon::test::place_of(address).tx_offset;
 }
 
 uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)(void))

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -53,6 +54,12 @@ struct ConsoleRegistration {
     void (*entry)();
 };
 
+// Where an address lies in the IPC memory.
+struct IpcPlace {
+    uint32_t offset;
+    uint32_t tx_offset;
+};
+
 struct RecordingPlatform {
     static constexpr uint32_t task_id = 0x87654321;
     static constexpr uint8_t poison = 0xC9;
@@ -69,6 +76,19 @@ struct RecordingPlatform {
     std::vector<ConsoleRegistration> registrations;
     // What was printed on the debug console, call by call.
     std::vector<std::string> console_texts;
+
+    // What was asked of semaphores, task events and shared memory, in order: "TakeSem 305419896 4294967295".
+    std::vector<std::string> system_calls;
+    // Called before each of them is recorded.
+    std::function<void()> before_system_call;
+    // The ids of the semaphores that there are, by their keys.
+    std::map<uint32_t, uint32_t> semaphores;
+    // What sending an event returns.
+    uint32_t event_status = 0;
+    std::map<uint32_t, void *> segments;
+    // None: there is no area of receive buffers.
+    std::optional<void *> receive_buffers;
+    std::map<const void *, IpcPlace> ipc_places;
 
     // Commands handed to system(). None of them is run.
     std::vector<std::string> shell_commands;

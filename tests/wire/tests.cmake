@@ -9,6 +9,8 @@ quillon_recorded_test(wire_test
   wire/amtrdrv_multicast.cpp
   wire/amtrdrv_walk.cpp
   wire/devrm_rules.cpp
+  wire/nicdrv_statistics.cpp
+  wire/nicdrv_transmit.cpp
   wire/nmtrdrv_counters.cpp
   wire/nmtrdrv_statistics.cpp
   wire/swdrv_mapping.cpp
