@@ -27,3 +27,12 @@ target_compile_definitions(e2e_tests PRIVATE
   QUILLON_PORT_MAP="$<TARGET_FILE:port_map>")
 target_link_libraries(e2e_tests PRIVATE e2e_support GTest::gmock)
 add_dependencies(e2e_tests e2e_client port_map)
+
+# Application processes that set a switch up, and one that watches it: the test itself.
+add_executable(e2e_switch_setup e2e/switch_setup.cpp)
+target_link_libraries(e2e_switch_setup PRIVATE quillon quillon_platform)
+
+quillon_test(e2e_switch_tests e2e/switch_test.cpp)
+target_compile_definitions(e2e_switch_tests PRIVATE QUILLON_SWITCH_SETUP="$<TARGET_FILE:e2e_switch_setup>")
+target_link_libraries(e2e_switch_tests PRIVATE e2e_support quillon quillon_platform)
+add_dependencies(e2e_switch_tests e2e_switch_setup)
