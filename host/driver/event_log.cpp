@@ -119,7 +119,7 @@ void EventLog::write_suppressed()
 
 // One write a line, so that lines of several processes on one terminal do not mix. A log that cannot be written is no
 // reason to stop serving.
-void EventLog::write_line(Level level, std::string_view event, std::string_view fields)
+void EventLog::write_line(Level level, std::string_view event, std::string_view fields) const
 {
     const auto now = std::chrono::system_clock::now();
     const auto milliseconds =

@@ -57,7 +57,7 @@ class EventLog {
 
   private:
     bool admit(const std::string &event);
-    void write_line(Level level, std::string_view event, std::string_view fields);
+    void write_line(Level level, std::string_view event, std::string_view fields) const;
     void write_suppressed();
 
     const int descriptor_;

@@ -76,6 +76,7 @@ std::string describe_end(int wait_status)
 void become(const std::vector<std::string> &command, const sigset_t &mask)
 {
     std::vector<char *> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string &argument : command) {
         arguments.push_back(const_cast<char *>(argument.c_str()));
     }
