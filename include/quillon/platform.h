@@ -16,8 +16,8 @@ extern "C" {
 #pragma GCC visibility push(default)
 
 /*
- * What the two queue functions below return. Only QUILLON_STATUS_OK has a meaning everywhere: the other values are those of
- * libquillon-platform.so.0 (a failure report prints them as `rc`), and other platforms have their own.
+ * What the two queue functions below return. Only QUILLON_STATUS_OK has a meaning everywhere: the other values are
+ * those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other platforms have their own.
  */
 #define QUILLON_STATUS_OK UINT32_C(0)
 #define QUILLON_STATUS_NO_DRIVER UINT32_C(1)        /* nobody serves the queue; nothing was sent */
@@ -28,11 +28,11 @@ extern "C" {
 #define QUILLON_STATUS_TOO_MANY_CALLS UINT32_C(6)   /* 1,024 calls of this process are under way; nothing was sent */
 #define QUILLON_STATUS_REFUSED_PEER UINT32_C(7)     /* the queue belongs to another user; nothing was sent */
 #define QUILLON_STATUS_TIMED_OUT UINT32_C(8)        /* `wait_time` has passed; the request may still be executed */
-#define QUILLON_STATUS_MALFORMED_REPLY UINT32_C(9)  /* what came is no reply to the request; nothing of it was stored */
+#define QUILLON_STATUS_MALFORMED_REPLY UINT32_C(9)  /* what came is no reply to the request; it was dropped */
 #define QUILLON_STATUS_NO_REPLY UINT32_C(10)        /* the driver process took the request and gives no reply to it */
 #define QUILLON_STATUS_TOO_MANY_QUEUES UINT32_C(11) /* this process has used 64 different keys */
-#define QUILLON_STATUS_BAD_RUNTIME_DIR UINT32_C(12) /* the run-time folder's path is relative, or too long for a socket */
-#define QUILLON_STATUS_SYSTEM_ERROR UINT32_C(13)    /* the kernel refused what should not fail, for example no memory */
+#define QUILLON_STATUS_BAD_RUNTIME_DIR UINT32_C(12) /* the run-time folder's path is relative or too long */
+#define QUILLON_STATUS_SYSTEM_ERROR UINT32_C(13)    /* the kernel refused what should not fail, as without memory */
 
 /* `wait_time` of a call that waits for as long as it takes. */
 #define QUILLON_WAIT_FOREVER UINT32_C(0xFFFFFFFF)
@@ -40,12 +40,13 @@ extern "C" {
 /*
  * Attaches to the driver process's message queue `key` and stores its handle in `*handle`.
  *
- * The handle is opaque but for one thing: the u32 at byte 12 of the object is `key`. `mode` is 1 in every call of libquillon.
- * Returns 0 when the process is attached, and any other value when it is not.
+ * The handle is opaque but for one thing: the u32 at byte 12 of the object is `key`. `mode` is 1 in every call of
+ * libquillon. Returns 0 when the process is attached, and any other value when it is not.
  *
- * On a workstation a handle stands for a key and not for a connection: the same key gives the same handle, it is never freed,
- * and it is stored also when nobody serves the queue yet (QUILLON_STATUS_NO_DRIVER), so that calls on it succeed as soon as
- * a driver process is there, and again when it was restarted. A process uses at most 64 different keys; past them
+ * On a workstation a handle stands for a key and not for a connection: the same key gives the same handle, it is never
+ * freed, and it is stored also when nobody serves the queue yet (QUILLON_STATUS_NO_DRIVER), so that calls on it succeed
+ * as soon as a driver process is there, and again when it was restarted. A process uses at most 64 different keys; past
+ * them
  * `*handle` is null (QUILLON_STATUS_TOO_MANY_QUEUES). `mode` is not used. The run-time folder is looked up once, by the
  * first call of a process that finds it.
  */
@@ -55,27 +56,27 @@ uint32_t SYSFUN_GetMsgQ(uint32_t key, uint32_t mode, void **handle);
  * Sends `request` on the queue `handle`, waits for the reply and stores it in `reply`, which may be the same buffer.
  *
  * The size of the request is read from its header: 20 bytes and the u16 at byte 10 (`msg_size`) are sent. At most
- * 20 + `reply_size` bytes are stored in `reply`: a longer reply is cut, a shorter one leaves the rest of the buffer as it was.
- * `wait_time` is in milliseconds; QUILLON_WAIT_FOREVER waits for ever. `event_mask` is the platform's own; libquillon passes
- * 0x20000000. `function` and `line` name the caller, for the platform's diagnostics.
+ * 20 + `reply_size` bytes are stored in `reply`: a longer reply is cut, a shorter one leaves the rest of the buffer as
+ * it was. `wait_time` is in milliseconds; QUILLON_WAIT_FOREVER waits for ever. `event_mask` is the platform's own;
+ * libquillon passes 0x20000000. `function` and `line` name the caller, for the platform's diagnostics.
  *
  * Returns 0 when the request was delivered and its reply is in `reply`, and any other value when not.
  *
  * On a workstation:
  * - a failed call leaves `reply` as it was;
- * - a request is executed at most once: it is never sent again once the kernel has taken it. Also after a failure that says
- *   that nothing was sent, sending it again is the caller's to decide;
+ * - a request is executed at most once: it is never sent again once the kernel has taken it. Also after a failure that
+ *   says that nothing was sent, sending it again is the caller's to decide;
  * - a call ends at once when its driver process does (QUILLON_STATUS_DRIVER_DIED); one that is stopped is waited for;
- * - a process has at most 1,024 calls under way at one time, each of which has one descriptor; idle ones are kept for later
- *   calls. The soft limit on descriptors is raised when it is in the way, the hard limit is reported
+ * - a process has at most 1,024 calls under way at one time, each of which has one descriptor; idle ones are kept for
+ *   later calls. The soft limit on descriptors is raised when it is in the way, the hard limit is reported
  *   (QUILLON_STATUS_NO_DESCRIPTORS);
  * - a reply has at most 65,555 bytes, a larger `reply_size` is the same as that;
  * - a signal's handler may run during a call, which goes on afterwards. Call it from threads, not from signal handlers;
  *   it is no cancellation point. After fork() parent and child both go on with their own connections;
  * - `event_mask`, `function` and `line` are not used.
  */
-uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time, uint32_t event_mask, uint32_t reply_size,
-                                 void *reply, const char *function, uint32_t line);
+uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time, uint32_t event_mask,
+                                 uint32_t reply_size, void *reply, const char *function, uint32_t line);
 
 /* The id of the calling task: on a workstation, its Linux thread id. */
 uint32_t SYSFUN_TaskIdSelf(void);
@@ -101,7 +102,8 @@ uint32_t SYSFUN_TakeSem(uint32_t semaphore, uint32_t timeout);
 uint32_t SYSFUN_GiveSem(uint32_t semaphore);
 
 /*
- * Sends the events of the bit mask `events` to a task of any process, which may be waiting for them or fetch them later.
+ * Sends the events of the bit mask `events` to a task of any process, which may be waiting for them or fetch them
+ * later.
  *
  * Returns 0 when they were sent, and any other value when not.
  */
