@@ -1,2 +1,2 @@
 add_executable(round_trip round_trip.cpp)
-target_link_libraries(round_trip PRIVATE benchmark::benchmark quillon_platform quillon_queue_server)
+target_link_libraries(round_trip PRIVATE host_support quillon_platform quillon_queue_server)

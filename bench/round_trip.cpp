@@ -4,10 +4,8 @@
 //
 // Prints the medians over the repetitions and what they are to each other.
 #include <benchmark/benchmark.h>
-#include <sched.h>
 #include <signal.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 #include <sys/eventfd.h>
 #include <sys/prctl.h>
@@ -16,69 +14,27 @@
 #include <unistd.h>
 
 #include <array>
-#include <filesystem>
-#include <map>
+#include <memory>
 #include <string>
-#include <vector>
 
+#include "bench/host_support.h"
 #include "host/platform/queue_server.h"
 #include "quillon/platform.h"
 
 namespace {
 
+using namespace quillon::bench;
 using quillon::host::QueueServer;
 using quillon::host::Request;
 using quillon::host::RuntimeFolder;
 
 constexpr uint32_t kQueue = 24;
-constexpr int kAnyCpu = -1;
 
 // A request with unit and port, and a reply with one word.
 constexpr uint16_t kMsgSize = 12;
 constexpr uint32_t kReplySize = 8;
 constexpr size_t kRequestBytes = 20 + kMsgSize;
 constexpr size_t kReplyBytes = 20 + kReplySize;
-
-[[noreturn]] void give_up(const char *what)
-{
-    perror(what);
-    _exit(1);
-}
-
-cpu_set_t all_cpus()
-{
-    cpu_set_t cpus;
-    if (sched_getaffinity(getppid(), sizeof cpus, &cpus) != 0) {
-        give_up("sched_getaffinity");
-    }
-    return cpus;
-}
-
-// The first and the second of the CPUs that this process may use.
-std::array<int, 2> usable_cpus()
-{
-    const cpu_set_t cpus = all_cpus();
-    std::array<int, 2> found = {kAnyCpu, kAnyCpu};
-    size_t count = 0;
-    for (int cpu = 0; cpu < CPU_SETSIZE && count < found.size(); ++cpu) {
-        if (CPU_ISSET(static_cast<size_t>(cpu), &cpus)) {
-            found[count++] = cpu;
-        }
-    }
-    return found;
-}
-
-void run_on(int cpu)
-{
-    cpu_set_t cpus = all_cpus();
-    if (cpu != kAnyCpu) {
-        CPU_ZERO(&cpus);
-        CPU_SET(static_cast<size_t>(cpu), &cpus);
-    }
-    if (sched_setaffinity(0, sizeof cpus, &cpus) != 0) {
-        give_up("sched_setaffinity");
-    }
-}
 
 // The process at the other end, on a CPU of its own choice. Ends with the benchmark, however that ends.
 class Peer {
@@ -191,76 +147,6 @@ void end_shared_peer(const benchmark::State &)
     shared_peer.reset();
 }
 
-// Keeps the medians, for the ratios at the end.
-class Reporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (run.aggregate_name == "median") {
-                const auto rate = run.counters.find("items_per_second");
-                medians_[run.run_name.function_name + run.run_name.threads] = {
-                    run.GetAdjustedRealTime(), rate == run.counters.end() ? 0 : rate->second.value};
-            }
-        }
-    }
-
-    void Finalize() override
-    {
-        compare_times("both on one CPU", "round_trip/one_cpu", "bare/one_cpu", "at most 1.30");
-        compare_times("one CPU each", "round_trip/two_cpus", "bare/two_cpus", "at most 0.20");
-        const auto one = find("calls", "threads:1");
-        const auto many = find("calls", "threads:16");
-        if (one != nullptr && many != nullptr) {
-            printf("16 threads to 1: %.0f to %.0f calls/s, ratio %.2f (aim: at least 1.00)\n", many->rate, one->rate,
-                   many->rate / one->rate);
-        }
-    }
-
-  private:
-    struct Median {
-        double nanoseconds;
-        double rate;
-    };
-
-    const Median *find(const std::string &name, const std::string &threads = "") const
-    {
-        const auto found = medians_.find(name + threads);
-        return found == medians_.end() ? nullptr : &found->second;
-    }
-
-    void compare_times(const char *what, const char *name, const char *beside, const char *aim) const
-    {
-        const Median *own = find(name);
-        const Median *bare = find(beside);
-        if (own != nullptr && bare != nullptr) {
-            printf("%s: %.2f us, bare %.2f us, ratio %.2f (aim: %s)\n", what, own->nanoseconds / 1000,
-                   bare->nanoseconds / 1000, own->nanoseconds / bare->nanoseconds, aim);
-        }
-    }
-
-    std::map<std::string, Median> medians_;
-};
-
-class RunFolder {
-  public:
-    RunFolder()
-    {
-        char name[] = "/tmp/quillon-bench-XXXXXX";
-        if (mkdtemp(name) == nullptr || setenv("QUILLON_RUNTIME_DIR", name, 1) != 0) {
-            give_up("run-time folder");
-        }
-        path_ = name;
-    }
-    ~RunFolder() { std::filesystem::remove_all(path_); }
-    RunFolder(const RunFolder &) = delete;
-    RunFolder &operator=(const RunFolder &) = delete;
-
-  private:
-    std::string path_;
-};
-
 void add_pinned(const char *place, int own_cpu, int peer_cpu)
 {
     constexpr int kRepetitions = 15;
@@ -289,6 +175,16 @@ void add_threads()
         ->UseRealTime();
 }
 
+void compare_rates(const MedianReporter &reporter)
+{
+    const auto *one = reporter.find("calls", "threads:1");
+    const auto *many = reporter.find("calls", "threads:16");
+    if (one != nullptr && many != nullptr) {
+        printf("16 threads to 1: %.0f to %.0f calls/s, ratio %.2f (aim: at least 1.00)\n", many->rate, one->rate,
+               many->rate / one->rate);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
@@ -304,7 +200,10 @@ int main(int argc, char **argv)
         add_pinned("two_cpus", first, second);
     }
     add_threads();
-    Reporter reporter;
+    MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.compare_times("both on one CPU", "round_trip/one_cpu", "bare", "bare/one_cpu", "at most 1.30");
+    reporter.compare_times("one CPU each", "round_trip/two_cpus", "bare", "bare/two_cpus", "at most 0.20");
+    compare_rates(reporter);
     return 0;
 }

@@ -1,0 +1,101 @@
+#include "bench/host_support.h"
+
+#include <sched.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace quillon::bench {
+namespace {
+
+// As they were when the benchmark began.
+const cpu_set_t &all_cpus()
+{
+    static const cpu_set_t at_first = [] {
+        cpu_set_t cpus;
+        if (sched_getaffinity(0, sizeof cpus, &cpus) != 0) {
+            give_up("sched_getaffinity");
+        }
+        return cpus;
+    }();
+    return at_first;
+}
+
+}  // namespace
+
+void give_up(const char *what)
+{
+    perror(what);
+    _exit(1);
+}
+
+std::array<int, 2> usable_cpus()
+{
+    std::array<int, 2> found = {kAnyCpu, kAnyCpu};
+    size_t count = 0;
+    for (int cpu = 0; cpu < CPU_SETSIZE && count < found.size(); ++cpu) {
+        if (CPU_ISSET(static_cast<size_t>(cpu), &all_cpus())) {
+            found[count++] = cpu;
+        }
+    }
+    return found;
+}
+
+void run_on(int cpu)
+{
+    cpu_set_t cpus = all_cpus();
+    if (cpu != kAnyCpu) {
+        CPU_ZERO(&cpus);
+        CPU_SET(static_cast<size_t>(cpu), &cpus);
+    }
+    if (sched_setaffinity(0, sizeof cpus, &cpus) != 0) {
+        give_up("sched_setaffinity");
+    }
+}
+
+RunFolder::RunFolder()
+{
+    char name[] = "/tmp/quillon-bench-XXXXXX";
+    if (mkdtemp(name) == nullptr || setenv("QUILLON_RUNTIME_DIR", name, 1) != 0) {
+        give_up("run-time folder");
+    }
+    path_ = name;
+}
+
+RunFolder::~RunFolder()
+{
+    std::filesystem::remove_all(path_);
+}
+
+void MedianReporter::ReportRuns(const std::vector<Run> &runs)
+{
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run &run : runs) {
+        if (run.aggregate_name == "median") {
+            const auto rate = run.counters.find("items_per_second");
+            medians_[run.run_name.function_name + run.run_name.threads] = {
+                run.GetAdjustedRealTime(), rate == run.counters.end() ? 0 : rate->second.value};
+        }
+    }
+}
+
+const MedianReporter::Median *MedianReporter::find(const std::string &name, const std::string &threads) const
+{
+    const auto found = medians_.find(name + threads);
+    return found == medians_.end() ? nullptr : &found->second;
+}
+
+void MedianReporter::compare_times(const char *what, const std::string &name, const char *beside_is,
+                                   const std::string &beside, const char *aim) const
+{
+    const Median *own = find(name);
+    const Median *other = find(beside);
+    if (own != nullptr && other != nullptr) {
+        printf("%s: %.2f us, %s %.2f us, ratio %.2f (aim: %s)\n", what, own->nanoseconds / 1000, beside_is,
+               other->nanoseconds / 1000, own->nanoseconds / other->nanoseconds, aim);
+    }
+}
+
+}  // namespace quillon::bench

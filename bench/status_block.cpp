@@ -1,0 +1,155 @@
+// The status of all ports of a unit in one exchange, beside the read of a single port's: round trips from the library's
+// function to the driver process and back, with both processes on one CPU and on one CPU each, for units of the usual
+// and of the largest size.
+//
+// Prints the medians over the repetitions and what they are to each other.
+#include <benchmark/benchmark.h>
+#include <signal.h>
+#include <stdint.h>
+#include <stdio.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "bench/host_support.h"
+#include "quillon/swdrv.h"
+
+namespace {
+
+using namespace quillon::bench;
+
+constexpr uint32_t kUnit = 1;
+
+// quillon-driver with units of so many ports, ready to serve.
+class DriverProcess {
+  public:
+    DriverProcess(int cpu, uint32_t ports)
+    {
+        int ready[2];
+        if (pipe(ready) != 0) {
+            give_up("pipe");
+        }
+        process_ = fork();
+        if (process_ < 0) {
+            give_up("fork");
+        }
+        if (process_ == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            run_on(cpu);
+            const std::string ports_option = "--ports=" + std::to_string(ports);
+            const std::string ready_option = "--ready-fd=" + std::to_string(ready[1]);
+            execl(QUILLON_DRIVER, QUILLON_DRIVER, ports_option.c_str(), ready_option.c_str(), "--log-level=warning",
+                  nullptr);
+            give_up(QUILLON_DRIVER);
+        }
+        close(ready[1]);
+        char letter;
+        if (read(ready[0], &letter, 1) != 1) {
+            give_up("the driver process does not get ready");
+        }
+        close(ready[0]);
+    }
+    ~DriverProcess()
+    {
+        kill(process_, SIGTERM);
+        waitpid(process_, nullptr, 0);
+    }
+    DriverProcess(const DriverProcess &) = delete;
+    DriverProcess &operator=(const DriverProcess &) = delete;
+
+  private:
+    pid_t process_;
+};
+
+template <typename Call>
+void call_in_a_loop(benchmark::State &state, uint32_t ports, int own_cpu, int driver_cpu, Call call)
+{
+    const DriverProcess driver(driver_cpu, ports);
+    run_on(own_cpu);
+    DEV_SWDRV_PMGR_InitiateProcessResource();
+    for (auto _ : state) {
+        if (call() != 1) {
+            state.SkipWithError("a call failed");
+            break;
+        }
+    }
+    run_on(kAnyCpu);
+}
+
+void single_port(benchmark::State &state, uint32_t ports, int own_cpu, int driver_cpu)
+{
+    uint32_t link_status = 0;
+    call_in_a_loop(state, ports, own_cpu, driver_cpu,
+                   [&] { return DEV_SWDRV_PMGR_GetPortLinkStatus(kUnit, ports, &link_status); });
+}
+
+void whole_unit(benchmark::State &state, uint32_t ports, int own_cpu, int driver_cpu)
+{
+    port_state_block block;
+    call_in_a_loop(state, ports, own_cpu, driver_cpu,
+                   [&] { return DEV_SWDRV_PMGR_GetAllPortStatus(kUnit, 1, ports, &block); });
+}
+
+struct Setting {
+    std::string name;
+    uint32_t ports;
+    int own_cpu;
+    int driver_cpu;
+};
+
+std::vector<Setting> settings()
+{
+    const auto [first, second] = usable_cpus();
+    std::vector<Setting> all;
+    for (const uint32_t ports : {28U, 64U}) {
+        const std::string size = std::to_string(ports) + "_ports/";
+        all.push_back({size + "one_cpu", ports, first, first});
+        if (second != kAnyCpu) {
+            all.push_back({size + "two_cpus", ports, first, second});
+        }
+    }
+    return all;
+}
+
+void add(const Setting &setting, const std::string &what, void (*function)(benchmark::State &, uint32_t, int, int))
+{
+    constexpr int kRepetitions = 15;
+    benchmark::RegisterBenchmark((what + setting.name).c_str(), function, setting.ports, setting.own_cpu,
+                                 setting.driver_cpu)
+        ->Repetitions(kRepetitions)
+        ->ReportAggregatesOnly()
+        ->MinTime(0.1)
+        ->UseRealTime();
+}
+
+}  // namespace
+
+int main(int argc, char **argv)
+{
+    // Whatever else slows the machine down meanwhile slows both of a pair down. Options of the command line come later
+    // and win.
+    char interleaved[] = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1, interleaved);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+        return 1;
+    }
+    const RunFolder folder;
+    const auto all = settings();
+    for (const Setting &setting : all) {
+        add(setting, "single_port/", single_port);
+        add(setting, "whole_unit/", whole_unit);
+    }
+    MedianReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const Setting &setting : all) {
+        reporter.compare_times(setting.name.c_str(), "whole_unit/" + setting.name, "single port",
+                               "single_port/" + setting.name, "at most 1.50");
+    }
+    return 0;
+}
