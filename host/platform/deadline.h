@@ -21,7 +21,7 @@ class Deadline {
         }
         clock_gettime(CLOCK_MONOTONIC, &end_);
         end_.tv_sec += wait_ms / 1000;
-        end_.tv_nsec += wait_ms % 1000 * 1'000'000;
+        end_.tv_nsec += static_cast<long>(wait_ms % 1000) * 1'000'000;
         if (end_.tv_nsec >= 1'000'000'000) {
             ++end_.tv_sec;
             end_.tv_nsec -= 1'000'000'000;

@@ -81,6 +81,9 @@ class Request {
         wrong_size,  // msg_size says something else than what came
     };
 
+    Request(const Request &) = delete;
+    Request &operator=(const Request &) = delete;
+
     uint32_t queue() const noexcept { return queue_; }  // its key
     pid_t client() const noexcept { return client_; }
     Form form() const noexcept { return form_; }
@@ -101,8 +104,6 @@ class Request {
     friend class QueueThread;
     Request(uint32_t queue, ClientConnection &connection, uint32_t sequence, Form form,
             std::span<const std::byte> bytes, std::span<std::byte> reply) noexcept;
-    Request(const Request &) = delete;
-    Request &operator=(const Request &) = delete;
 
     uint32_t queue_;
     pid_t client_;
