@@ -12,14 +12,14 @@ namespace {
 // One aligned word, which every process reads and writes without the semaphore.
 void set_mode(OperatingMode mode)
 {
-    __atomic_store_n(&shared_record().operating_mode, mode, __ATOMIC_RELAXED);
+    __atomic_store_n(&shared_record().operating_mode, static_cast<uint32_t>(mode), __ATOMIC_RELAXED);
 }
 
 }  // namespace
 
 uint32_t DEV_NICDRV_OM_GetOperatingMode(void)
 {
-    return static_cast<uint32_t>(__atomic_load_n(&shared_record().operating_mode, __ATOMIC_RELAXED));
+    return __atomic_load_n(&shared_record().operating_mode, __ATOMIC_RELAXED);
 }
 
 void DEV_NICDRV_OM_SetTransitionMode(void)

@@ -31,7 +31,7 @@ struct CookieUsage {
 static_assert(sizeof(CookieUsage) == 24);
 
 struct NicShMem {
-    OperatingMode operating_mode;  // the one field that changes without the semaphore
+    uint32_t operating_mode;  // an OperatingMode; the one field that changes without the semaphore
     std::array<uint16_t, pools> cookie_pool;
     DriverBytes<20> driver1;
     std::array<uint32_t, pools> pool_held;
