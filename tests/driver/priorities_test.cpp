@@ -22,7 +22,7 @@ TEST(RecommendedMapping, RisesFromTheLowestClassToTheHighest)
     for (uint32_t classes = 1; classes <= priority_count; ++classes) {
         const PriorityMapping &mapping = recommended_mapping(classes);
         uint32_t highest = 0;
-        for (const size_t priority : {1, 0, 2, 3, 4, 5, 6, 7}) {
+        for (const size_t priority : {1U, 0U, 2U, 3U, 4U, 5U, 6U, 7U}) {
             const uint32_t traffic_class = mapping[priority];
             EXPECT_TRUE(traffic_class == highest || traffic_class == highest + 1)
                 << classes << " classes, priority " << priority;
