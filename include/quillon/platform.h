@@ -16,8 +16,9 @@ extern "C" {
 #pragma GCC visibility push(default)
 
 /*
- * What the two queue functions below return. Only QUILLON_STATUS_OK has a meaning everywhere: the other values are
- * those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other platforms have their own.
+ * What the two queue functions below and the debug console's registration return. Only QUILLON_STATUS_OK has a meaning
+ * everywhere: the other values are those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other
+ * platforms have their own.
  */
 #define QUILLON_STATUS_OK UINT32_C(0)
 #define QUILLON_STATUS_NO_DRIVER UINT32_C(1)        /* nobody serves the queue; nothing was sent */
@@ -33,6 +34,7 @@ extern "C" {
 #define QUILLON_STATUS_TOO_MANY_QUEUES UINT32_C(11) /* this process has used 64 different keys */
 #define QUILLON_STATUS_BAD_RUNTIME_DIR UINT32_C(12) /* the run-time folder's path is relative or too long */
 #define QUILLON_STATUS_SYSTEM_ERROR UINT32_C(13)    /* the kernel refused what should not fail, as without memory */
+#define QUILLON_STATUS_TOO_MANY_SUBSYSTEMS UINT32_C(14) /* the debug console has 16 subsystems */
 
 /* `wait_time` of a call that waits for as long as it takes. */
 #define QUILLON_WAIT_FOREVER UINT32_C(0xFFFFFFFF)
@@ -135,6 +137,10 @@ uint32_t L_IPCMEM_GetTxOffset(const void *address);
  * `entry` on its own task and goes on when `entry` returns. libquillon passes a string constant as `name`.
  *
  * Returns the platform's verdict; libquillon passes it on as it is.
+ *
+ * On a workstation the console is the program's standard input and output, and quillon_console_run
+ * (quillon/workstation.h) offers the subsystems there. `name` is kept as a pointer. Registering an entry again changes
+ * nothing and succeeds; null pointers, and another entry under a number that is taken, are QUILLON_STATUS_BAD_ARGUMENT.
  */
 uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)(void));
 
@@ -144,6 +150,11 @@ __attribute__((__format__(__printf__, 1, 2))) void BACKDOOR_MGR_Printf(const cha
 /*
  * Waits for one key of the operator's and returns it in the low byte, without waiting for the end of a line. The low
  * byte 0xFF says that no key can be read; the other bytes have no meaning.
+ *
+ * On a workstation the key comes from standard input. Of a terminal it is any key, without echo; Ctrl-D ends the input,
+ * and Ctrl-C, Ctrl-\ and Ctrl-Z send the signals that they stand for. The terminal is in line mode outside of this
+ * call. Of a pipe or a file it is the next byte, a newline as well. Standard input is read without a buffer of stdio's.
+ * To be called by one thread at a time.
  */
 uint32_t BACKDOOR_MGR_GetChar(void);
 

@@ -3,7 +3,8 @@ add_library(e2e_support STATIC
   e2e/support/child.cpp
   e2e/support/driver_process.cpp
   e2e/support/observe.cpp
-  e2e/support/raw_queue.cpp)
+  e2e/support/raw_queue.cpp
+  e2e/support/terminal.cpp)
 target_include_directories(e2e_support PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
 target_compile_definitions(e2e_support PRIVATE
   QUILLON_DRIVER="$<TARGET_FILE:quillon_driver>"
@@ -20,13 +21,15 @@ quillon_test(e2e_tests
   e2e/driver_death_test.cpp
   e2e/malformed_requests_test.cpp
   e2e/port_map_test.cpp
+  e2e/routing_menu_test.cpp
   e2e/run_test.cpp
   e2e/support/client_process.cpp)
 target_compile_definitions(e2e_tests PRIVATE
   QUILLON_CLIENT="$<TARGET_FILE:e2e_client>"
-  QUILLON_PORT_MAP="$<TARGET_FILE:port_map>")
+  QUILLON_PORT_MAP="$<TARGET_FILE:port_map>"
+  QUILLON_ROUTING_MENU="$<TARGET_FILE:routing_menu>")
 target_link_libraries(e2e_tests PRIVATE e2e_support GTest::gmock)
-add_dependencies(e2e_tests e2e_client port_map)
+add_dependencies(e2e_tests e2e_client port_map routing_menu)
 
 # Application processes that set a switch up, and one that watches it: the test itself.
 add_executable(e2e_switch_setup e2e/switch_setup.cpp)

@@ -1,5 +1,6 @@
 quillon_test(platform_tests
   platform/client_process_test.cpp
+  platform/console_test.cpp
   platform/driver_loss_test.cpp
   platform/exchange_test.cpp
   platform/queue_server_test.cpp

@@ -81,16 +81,26 @@ bool Output::fill()
 
 std::string Output::line()
 {
-    size_t end;
-    while ((end = text_.find('\n')) == std::string::npos) {
+    std::string line = until("\n");
+    if (line.ends_with('\n')) {
+        line.pop_back();
+    }
+    return line;
+}
+
+std::string Output::until(const std::string &text)
+{
+    size_t found;
+    while ((found = text_.find(text)) == std::string::npos) {
         if (!fill()) {
-            ADD_FAILURE() << "the output ended where a line was expected, with: " << text_;
+            ADD_FAILURE() << "the output ended where '" << text << "' was expected, with: " << text_;
             return std::exchange(text_, {});
         }
     }
-    const std::string line = text_.substr(0, end);
-    text_.erase(0, end + 1);
-    return line;
+    const size_t end = found + text.size();
+    std::string before_end = text_.substr(0, end);
+    text_.erase(0, end);
+    return before_end;
 }
 
 std::string Output::rest()
@@ -100,11 +110,14 @@ std::string Output::rest()
     return std::exchange(text_, {});
 }
 
-Child::Child(std::vector<std::string> command, const std::map<std::string, std::string> &environment)
+ChildBase::~ChildBase()
 {
-    Pipe input;
-    Pipe out;
-    Pipe err;
+    kill_and_wait();
+}
+
+void ChildBase::start(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment,
+                      const std::function<void()> &connect_streams)
+{
     const pid_t test = getpid();
     pid_ = fork();
     if (pid_ < 0) {
@@ -115,19 +128,24 @@ Child::Child(std::vector<std::string> command, const std::map<std::string, std::
         if (getppid() != test) {
             _exit(127);
         }
+        connect_streams();
+        become(command, environment);
+    }
+}
+
+Child::Child(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment)
+{
+    Pipe input;
+    Pipe out;
+    Pipe err;
+    start(command, environment, [&] {
         dup2(input.reading.number(), STDIN_FILENO);
         dup2(out.writing.number(), STDOUT_FILENO);
         dup2(err.writing.number(), STDERR_FILENO);
-        become(command, environment);
-    }
+    });
     input_ = std::move(input.writing);
     out_ = Output(std::move(out.reading));
     err_ = Output(std::move(err.reading));
-}
-
-Child::~Child()
-{
-    kill_and_wait();
 }
 
 void Child::write_line(const std::string &line)
@@ -136,12 +154,12 @@ void Child::write_line(const std::string &line)
     ASSERT_EQ(write(input_.number(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
 }
 
-void Child::signal(int number) const
+void ChildBase::signal(int number) const
 {
     ASSERT_EQ(kill(pid_, number), 0);
 }
 
-int Child::wait()
+int ChildBase::wait()
 {
     if (pid_ < 0) {
         return -1;
@@ -154,7 +172,7 @@ int Child::wait()
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-int Child::kill_and_wait()
+int ChildBase::kill_and_wait()
 {
     if (pid_ > 0) {
         kill(pid_, SIGKILL);

@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -12,7 +13,7 @@
 
 namespace quillon::test {
 
-// The reading end of a pipe.
+// The reading end of a pipe, or of a terminal.
 class Output {
   public:
     Output() = default;
@@ -20,6 +21,8 @@ class Output {
 
     // The next line without its newline. Fails the test when none comes in a time that only a hang can last.
     std::string line();
+    // What comes up to the next `text`, and that.
+    std::string until(const std::string &text);
     // All that is left. The end comes when the last process that has the other end of the pipe is gone.
     std::string rest();
 
@@ -31,27 +34,41 @@ class Output {
 };
 
 // Killed with the object, and with the test program, if it still runs.
-class Child {
+class ChildBase {
   public:
-    // `environment` adds to the test's own.
-    explicit Child(std::vector<std::string> command, const std::map<std::string, std::string> &environment = {});
-    ~Child();
-    Child(const Child &) = delete;
-    Child &operator=(const Child &) = delete;
+    ~ChildBase();
+    ChildBase(const ChildBase &) = delete;
+    ChildBase &operator=(const ChildBase &) = delete;
 
     pid_t pid() const { return pid_; }
-    Output &out() { return out_; }
-    Output &err() { return err_; }
-
-    void write_line(const std::string &line);
-    void close_input() { input_.reset(); }
     void signal(int number) const;
     // The exit status, or 128 and the number of the signal that ended it, as a shell has them.
     int wait();
     int kill_and_wait();
 
+  protected:
+    ChildBase() = default;
+
+    // Standard streams are connected by the process itself. `environment` adds to the test's own.
+    void start(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment,
+               const std::function<void()> &connect_streams);
+
   private:
     pid_t pid_ = -1;
+};
+
+// With pipes as its standard streams.
+class Child : public ChildBase {
+  public:
+    explicit Child(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment = {});
+
+    Output &out() { return out_; }
+    Output &err() { return err_; }
+
+    void write_line(const std::string &line);
+    void close_input() { input_.reset(); }
+
+  private:
     host::Descriptor input_;
     Output out_;
     Output err_;
