@@ -2,20 +2,20 @@
 
 namespace quillon::driver {
 
-void add_handlers(Dispatcher &dispatcher, SharedSwitch &model)
+void add_handlers(Dispatcher &dispatcher, Models &models)
 {
-    add_swdrv_mapping(dispatcher, model);
-    add_swdrv_port_config(dispatcher, model);
-    add_swdrv_spanning_tree(dispatcher, model);
-    add_swdrv_vlan(dispatcher, model);
-    add_swdrv_frame_size(dispatcher, model);
-    add_swdrv_dot1q_tunnel(dispatcher, model);
-    add_swdrv_mirroring(dispatcher, model);
-    add_swdrv_trunk(dispatcher, model);
-    add_swdrv_igmp_trap(dispatcher, model);
-    add_swdrv_storm_control(dispatcher, model);
-    add_swdrv_priority(dispatcher, model);
-    add_swdrv_port_status(dispatcher, model);
+    add_swdrv_mapping(dispatcher, models.chips);
+    add_swdrv_port_config(dispatcher, models.chips);
+    add_swdrv_spanning_tree(dispatcher, models.chips);
+    add_swdrv_vlan(dispatcher, models.chips);
+    add_swdrv_frame_size(dispatcher, models.chips);
+    add_swdrv_dot1q_tunnel(dispatcher, models.chips);
+    add_swdrv_mirroring(dispatcher, models.chips);
+    add_swdrv_trunk(dispatcher, models.chips);
+    add_swdrv_igmp_trap(dispatcher, models.chips);
+    add_swdrv_storm_control(dispatcher, models.chips);
+    add_swdrv_priority(dispatcher, models.chips);
+    add_swdrv_port_status(dispatcher, models.chips);
 }
 
 }  // namespace quillon::driver

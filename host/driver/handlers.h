@@ -3,12 +3,12 @@
 #pragma once
 
 #include "host/driver/dispatcher.h"
-#include "host/driver/model/switch.h"
+#include "host/driver/models.h"
 
 namespace quillon::driver {
 
-// All that the driver process answers. `model` must outlive the dispatcher.
-void add_handlers(Dispatcher &dispatcher, SharedSwitch &model);
+// All that the driver process answers. `models` must outlive the dispatcher.
+void add_handlers(Dispatcher &dispatcher, Models &models);
 
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);

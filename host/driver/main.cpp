@@ -7,6 +7,8 @@
 #include <exception>
 #include <thread>
 
+#include "host/driver/control_commands.h"
+#include "host/driver/control_server.h"
 #include "host/driver/dispatcher.h"
 #include "host/driver/event_log.h"
 #include "host/driver/handlers.h"
@@ -66,9 +68,11 @@ void serve(const Options &options)
     signal(SIGPIPE, SIG_IGN);  // whoever read the log may go
 
     EventLog log(STDERR_FILENO, options.log_level);
-    SharedSwitch model(options.shape);
+    Models models(options.shape);
     Dispatcher dispatcher(log);
-    add_handlers(dispatcher, model);
+    add_handlers(dispatcher, models);
+    ControlCommands commands;
+    add_control_commands(commands, models);
 
     const auto folder = host::RuntimeFolder::claim();
     host::QueueServer server(folder, [&log](const host::Incident &incident) { log_incident(log, incident); });
@@ -76,6 +80,7 @@ void serve(const Options &options)
         server.create_queue(key, [&dispatcher](host::Request &request) { return dispatcher.answer(request); });
     }
     const PidFile pid_file(folder.descriptor());
+    const ControlServer control(folder, commands);
     const Service service(server);
 
     log.write(Level::info, "driver-ready",

@@ -1,11 +1,8 @@
 #include "host/platform/queue_thread.h"
 
 #include <errno.h>
-#include <fcntl.h>
-#include <stdio.h>
 #include <string.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,6 +12,7 @@
 
 #include "host/platform/descriptor_limit.h"
 #include "host/platform/error_text.h"
+#include "host/platform/listening_socket.h"
 #include "host/platform/runtime_path.h"
 
 namespace quillon::host {
@@ -29,17 +27,11 @@ constexpr std::chrono::milliseconds kAcceptAgainAfter{100};
     throw QueueError("cannot create queue " + std::to_string(key) + ": " + error_text());
 }
 
-// Made under another name and then renamed: whoever finds the queue finds it ready, with its mode set.
-Descriptor listening_socket(const std::string &folder, uint32_t key)
+Descriptor queue_socket(const std::string &folder, uint32_t key)
 {
-    const sockaddr_un unready = queue_address(folder.c_str(), key, QueueName::unready);
-    const sockaddr_un served = queue_address(folder.c_str(), key);
-    unlink(unready.sun_path);
-
-    Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!socket || fchmod(socket.number(), S_IRUSR | S_IWUSR) != 0 ||
-        bind(socket.number(), reinterpret_cast<const sockaddr *>(&unready), sizeof unready) != 0 ||
-        listen(socket.number(), SOMAXCONN) != 0 || rename(unready.sun_path, served.sun_path) != 0) {
+    Descriptor socket =
+        listening_socket(queue_address(folder.c_str(), key, SocketName::unready), queue_address(folder.c_str(), key));
+    if (!socket) {
         fail_to_create(key);
     }
     return socket;
@@ -70,7 +62,7 @@ QueueThread::QueueThread(const std::string &folder, uint32_t key, int stop, Hand
       handler_(std::move(handler)),
       report_(report),
       epoll_(epoll_create1(EPOLL_CLOEXEC)),
-      listener_(listening_socket(folder, key))
+      listener_(queue_socket(folder, key))
 {
     if (!epoll_ || !watch(epoll_.number(), stop, nullptr) || !watch(epoll_.number(), listener_.number(), this)) {
         fail_to_create(key);

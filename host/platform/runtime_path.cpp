@@ -33,12 +33,21 @@ PathFault locate_runtime_folder(RuntimePath &path)
     return path.text[0] == '/' ? PathFault::none : PathFault::not_absolute;
 }
 
-sockaddr_un queue_address(const char *folder, uint32_t key, QueueName name)
+sockaddr_un queue_address(const char *folder, uint32_t key, SocketName name)
 {
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    const char *format = name == QueueName::served ? "%s/queue-%u" : "%s/.queue-%u.new";
+    const char *format = name == SocketName::served ? "%s/queue-%u" : "%s/.queue-%u.new";
     (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder, key);
+    return address;
+}
+
+sockaddr_un control_address(const char *folder, SocketName name)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const char *format = name == SocketName::served ? "%s/control.sock" : "%s/.control.sock.new";
+    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder);
     return address;
 }
 

@@ -1,4 +1,4 @@
-// Names that both ends of a queue must agree on. C library only.
+// Names that both ends of a socket must agree on. C library only.
 #ifndef QUILLON_HOST_PLATFORM_RUNTIME_PATH_H
 #define QUILLON_HOST_PLATFORM_RUNTIME_PATH_H
 
@@ -21,12 +21,15 @@ enum class PathFault { none, too_long, not_absolute };
 // Finds the folder by the environment; creates and checks nothing. `path` holds as much as fits when there is a fault.
 PathFault locate_runtime_folder(RuntimePath &path);
 
-enum class QueueName {
+enum class SocketName {
     served,   // what clients connect to
     unready,  // while it is being made
 };
 
-sockaddr_un queue_address(const char *folder, uint32_t key, QueueName name = QueueName::served);
+sockaddr_un queue_address(const char *folder, uint32_t key, SocketName name = SocketName::served);
+
+// Where the driver process takes commands from outside.
+sockaddr_un control_address(const char *folder, SocketName name = SocketName::served);
 
 }  // namespace quillon::host
 

@@ -10,7 +10,7 @@
 
 #include "driver/served_dispatcher.h"
 #include "host/driver/handlers.h"
-#include "host/driver/model/switch.h"
+#include "host/driver/models.h"
 #include "quillon/swdrv.h"
 
 namespace quillon::test {
@@ -18,7 +18,7 @@ namespace quillon::test {
 // Two units of 28 ports on 2 chips each.
 class SwdrvClientTest : public testing::Test {
   protected:
-    SwdrvClientTest() : model(service().model), served(service().served)
+    SwdrvClientTest() : models(service().models), served(service().served)
     {
         DEV_SWDRV_PMGR_InitiateProcessResource();
         const auto access = model.lock();
@@ -56,8 +56,8 @@ class SwdrvClientTest : public testing::Test {
 
   private:
     struct Service {
-        driver::SharedSwitch model{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
-        ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, model); }};
+        driver::Models models{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
+        ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, models); }};
     };
 
     // One for all tests: a process looks its run-time folder up once.
@@ -68,7 +68,8 @@ class SwdrvClientTest : public testing::Test {
     }
 
   protected:
-    driver::SharedSwitch &model;
+    driver::Models &models;
+    driver::SharedSwitch &model = models.chips;
     ServedDispatcher &served;
 };
 

@@ -7,7 +7,7 @@
 
 #include "driver/served_dispatcher.h"
 #include "host/driver/handlers.h"
-#include "host/driver/model/switch.h"
+#include "host/driver/models.h"
 #include "support/byte_text.h"
 
 namespace quillon::test {
@@ -15,7 +15,6 @@ namespace {
 
 using driver::ForcedLeds;
 using driver::PortOverrides;
-using driver::SharedSwitch;
 
 struct MappingTest : testing::Test {
     // The result, with what follows `type` in the reply.
@@ -25,10 +24,13 @@ struct MappingTest : testing::Test {
         return reply ? text_of(std::span(*reply).subspan(16)) : "no reply";
     }
 
-    PortOverrides overrides(uint32_t unit, uint32_t port) { return *model.lock()->chips.overrides.find({unit, port}); }
+    PortOverrides overrides(uint32_t unit, uint32_t port)
+    {
+        return *models.chips.lock()->chips.overrides.find({unit, port});
+    }
 
-    SharedSwitch model{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
-    ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, model); }};
+    driver::Models models{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
+    ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, models); }};
     RawQueue client = served.client();
 };
 

@@ -1,16 +1,18 @@
 # The programs under test, run as processes of their own.
 add_library(e2e_support STATIC
   e2e/support/child.cpp
+  e2e/support/control.cpp
   e2e/support/driver_process.cpp
   e2e/support/observe.cpp
   e2e/support/raw_queue.cpp
   e2e/support/terminal.cpp)
 target_include_directories(e2e_support PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
 target_compile_definitions(e2e_support PRIVATE
+  QUILLON_CTL="$<TARGET_FILE:quillon_ctl>"
   QUILLON_DRIVER="$<TARGET_FILE:quillon_driver>"
   QUILLON_RUN="$<TARGET_FILE:quillon_run>")
 target_link_libraries(e2e_support PUBLIC quillon_queue_server test_support GTest::gtest)
-add_dependencies(e2e_support quillon_driver quillon_run)
+add_dependencies(e2e_support quillon_ctl quillon_driver quillon_run)
 
 # An application process. It has a system() of its own, to which libquillon binds.
 add_executable(e2e_client e2e/client.cpp)
@@ -39,3 +41,6 @@ quillon_test(e2e_switch_tests e2e/switch_test.cpp)
 target_compile_definitions(e2e_switch_tests PRIVATE QUILLON_SWITCH_SETUP="$<TARGET_FILE:e2e_switch_setup>")
 target_link_libraries(e2e_switch_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_switch_tests e2e_switch_setup)
+
+quillon_test(e2e_control_tests e2e/control_test.cpp)
+target_link_libraries(e2e_control_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)

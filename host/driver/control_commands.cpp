@@ -1,0 +1,10 @@
+#include "host/driver/control_commands.h"
+
+namespace quillon::driver {
+
+void add_control_commands(ControlCommands &commands, Models &models)
+{
+    add_cable_control(commands, models.chips);
+}
+
+}  // namespace quillon::driver

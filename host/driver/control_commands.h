@@ -1,0 +1,14 @@
+// What can be done to the switch from outside. Each function adds the commands of one topic.
+#pragma once
+
+#include "host/driver/control.h"
+#include "host/driver/models.h"
+
+namespace quillon::driver {
+
+// All of them. `models` must outlive the commands.
+void add_control_commands(ControlCommands &commands, Models &models);
+
+void add_cable_control(ControlCommands &commands, SharedSwitch &model);
+
+}  // namespace quillon::driver
