@@ -5,6 +5,7 @@ namespace quillon::driver {
 void add_control_commands(ControlCommands &commands, Models &models)
 {
     add_cable_control(commands, models.chips);
+    add_oam_control(commands, models.chips, models.oam_events);
 }
 
 }  // namespace quillon::driver

@@ -10,5 +10,6 @@ namespace quillon::driver {
 void add_control_commands(ControlCommands &commands, Models &models);
 
 void add_cable_control(ControlCommands &commands, SharedSwitch &model);
+void add_oam_control(ControlCommands &commands, SharedSwitch &model, OamDelivery &delivery);
 
 }  // namespace quillon::driver

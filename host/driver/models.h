@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/driver/model/switch.h"
+#include "host/driver/oam_delivery.h"
 
 namespace quillon::driver {
 
@@ -9,6 +10,7 @@ struct Models {
     explicit Models(const StackShape &shape) : chips(shape) {}
 
     SharedSwitch chips;
+    OamDelivery oam_events;
 };
 
 }  // namespace quillon::driver

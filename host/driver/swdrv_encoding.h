@@ -13,6 +13,7 @@
 #include "host/driver/encoding.h"
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/negotiation.h"
+#include "host/driver/model/oam_events.h"
 #include "host/driver/model/port_set.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
@@ -259,6 +260,18 @@ inline constexpr auto codes<StormUnit> = std::to_array<Code<StormUnit>>({
     {1, StormUnit::packets_per_second},
     {2, StormUnit::kilobits_per_second},
     {3, StormUnit::percent},
+});
+
+// ---- OAM ----
+
+template <>
+inline constexpr auto codes<OamEvent> = std::to_array<Code<OamEvent>>({
+    {1, OamEvent::loss_of_continuity},
+    {2, OamEvent::unexpected_mep},
+    {3, OamEvent::mismerge},
+    {4, OamEvent::unexpected_period},
+    {5, OamEvent::unexpected_level},
+    {6, OamEvent::remote_defect},
 });
 
 }  // namespace quillon::driver

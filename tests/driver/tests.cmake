@@ -5,6 +5,7 @@ quillon_test(driver_tests
   driver/event_log_test.cpp
   driver/frame_sizes_test.cpp
   driver/mirrors_test.cpp
+  driver/oam_events_test.cpp
   driver/port_status_test.cpp
   driver/priorities_test.cpp
   driver/process_test.cpp
@@ -17,6 +18,7 @@ quillon_test(driver_tests
   driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_mirroring_test.cpp
+  driver/swdrv_oam_test.cpp
   driver/swdrv_port_config_test.cpp
   driver/swdrv_port_status_test.cpp
   driver/swdrv_priority_test.cpp

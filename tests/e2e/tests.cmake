@@ -44,3 +44,12 @@ add_dependencies(e2e_switch_tests e2e_switch_setup)
 
 quillon_test(e2e_control_tests e2e/control_test.cpp)
 target_link_libraries(e2e_control_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
+
+# Application processes that wait for events.
+add_executable(e2e_oam_waiter e2e/oam_waiter.cpp)
+target_link_libraries(e2e_oam_waiter PRIVATE quillon quillon_platform Threads::Threads)
+
+quillon_test(e2e_oam_tests e2e/oam_events_test.cpp)
+target_compile_definitions(e2e_oam_tests PRIVATE QUILLON_OAM_WAITER="$<TARGET_FILE:e2e_oam_waiter>")
+target_link_libraries(e2e_oam_tests PRIVATE e2e_support quillon quillon_platform)
+add_dependencies(e2e_oam_tests e2e_oam_waiter)

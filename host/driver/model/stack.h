@@ -50,6 +50,7 @@ class Stack {
     const StackShape &shape() const { return shape_; }
     bool has_unit(uint32_t unit) const { return unit >= 1 && unit <= shape_.units; }
     bool has(const LogicalPort &port) const;
+    bool has_module(uint32_t module_id) const { return module_id >= 1 && module_id <= shape_.units * shape_.chips; }
 
     // Nothing for a unit, port, module or device that does not exist, or for numbers that do not belong together.
     std::optional<ChipPort> to_chip(const LogicalPort &port) const;

@@ -4,14 +4,17 @@
 
 #include <stdint.h>
 
+#include <array>
 #include <optional>
 
 #include "host/driver/model/frame_sizes.h"
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/igmp_trap.h"
+#include "host/driver/model/kept_settings.h"
 #include "host/driver/model/line.h"
 #include "host/driver/model/link_scan.h"
 #include "host/driver/model/mirrors.h"
+#include "host/driver/model/oam_entries.h"
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
@@ -46,6 +49,8 @@ struct ChipState {
     IgmpTrap igmp_trap;
     StormControl storm_control;
     Priorities priorities;
+    std::array<OamEntries, 2> oam_entries;  // of the engine that frames pass as they come in, and as they leave
+    KeptSettings kept;
 };
 
 class Switch {

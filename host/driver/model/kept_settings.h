@@ -1,0 +1,46 @@
+// Settings that decide about frames alone. No request asks for them and no frame flows, so that all there is to them is
+// that they are kept.
+#pragma once
+
+#include <stdint.h>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace quillon::driver {
+
+enum class Setting : uint8_t {
+    oam_aging_daemon,
+    oam_aging_period,
+    oam_detection,
+    oam_enabled,
+    oam_keepalive_command,
+    oam_loopback,
+    oam_opcode_command,
+    oam_pdu_to_cpu,
+    oam_recovery,
+    receive_all,
+    trunk_hash_crc,
+    trunk_hash_mode,
+};
+
+// The key says which port or table entry a value is for; it is empty where there is one for the whole switch.
+class KeptSettings {
+  public:
+    using Words = std::vector<uint32_t>;
+
+    void set(Setting setting, Words key, Words value) { kept_[{setting, std::move(key)}] = std::move(value); }
+
+    // Empty when it was never set.
+    Words get(Setting setting, const Words &key = {}) const
+    {
+        const auto found = kept_.find({setting, key});
+        return found == kept_.end() ? Words{} : found->second;
+    }
+
+  private:
+    std::map<std::pair<Setting, Words>, Words> kept_;
+};
+
+}  // namespace quillon::driver
