@@ -22,6 +22,7 @@ void add_swdrv_igmp_trap(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_storm_control(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_priority(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_status(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_stacking(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_oam(Dispatcher &dispatcher, SharedSwitch &model, OamDelivery &delivery);
 
 }  // namespace quillon::driver

@@ -36,6 +36,19 @@ inline constexpr auto codes<PortType> = std::to_array<Code<PortType>>({
     {3, PortType::sfp_plus},
 });
 
+template <>
+inline constexpr auto codes<Medium> = std::to_array<Code<Medium>>({
+    {1, Medium::copper},
+    {2, Medium::fibre},
+});
+
+template <>
+inline constexpr auto codes<PortInterface> = std::to_array<Code<PortInterface>>({
+    {1, PortInterface::sgmii},
+    {2, PortInterface::base1000_x},
+    {3, PortInterface::base10g_r},
+});
+
 // Odd is half duplex, even is full duplex. No port runs at 5, a gigabit at half duplex, or at 7.
 template <>
 inline constexpr auto codes<SpeedDuplex> = std::to_array<Code<SpeedDuplex>>({

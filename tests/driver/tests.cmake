@@ -23,6 +23,7 @@ quillon_test(driver_tests
   driver/swdrv_port_status_test.cpp
   driver/swdrv_priority_test.cpp
   driver/swdrv_spanning_tree_test.cpp
+  driver/swdrv_stacking_test.cpp
   driver/swdrv_storm_control_test.cpp
   driver/swdrv_trunk_test.cpp
   driver/swdrv_vlan_test.cpp

@@ -11,6 +11,7 @@
 namespace quillon::driver {
 
 enum class Setting : uint8_t {
+    higig_remote_loopback,
     oam_aging_daemon,
     oam_aging_period,
     oam_detection,
@@ -20,6 +21,7 @@ enum class Setting : uint8_t {
     oam_opcode_command,
     oam_pdu_to_cpu,
     oam_recovery,
+    port_interface,
     receive_all,
     trunk_hash_crc,
     trunk_hash_mode,

@@ -42,6 +42,8 @@ class RunningPort {
     PortStatus status() const;
     NegotiationStatus negotiation() const;
     JabberState jabber() const;
+    // Something is at the other end of the cable. A transceiver without power sees nothing.
+    bool detects_energy() const { return settings_.admin_up() && line_.plugged; }
 
   private:
     bool in_contact() const { return settings_.admin_up() && !held_down_ && line_.plugged; }

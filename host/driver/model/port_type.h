@@ -49,6 +49,16 @@ constexpr bool can_negotiate(PortType type)
     return type != PortType::sfp_plus;
 }
 
+enum class Medium : uint8_t { copper, fibre };
+
+constexpr Medium medium_of(PortType type)
+{
+    return type == PortType::copper ? Medium::copper : Medium::fibre;
+}
+
+// What runs between a chip and the transceiver of a port.
+enum class PortInterface : uint8_t { sgmii, base1000_x, base10g_r };
+
 constexpr bool is_pluggable(PortType type)
 {
     return type != PortType::copper;

@@ -37,7 +37,7 @@ std::optional<LogicalPort> Stack::to_logical(const ChipPort &port) const
     if (port.module_id == 0) {
         return std::nullopt;
     }
-    const uint32_t unit = (port.module_id - 1) / shape_.chips + 1;
+    const uint32_t unit = unit_of(port.module_id);
     if (device_of(unit, port.module_id) != port.device_id || port.phy_port == 0 ||
         port.phy_port > ports_before(port.device_id + 1) - ports_before(port.device_id)) {
         return std::nullopt;

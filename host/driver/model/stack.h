@@ -58,6 +58,9 @@ class Stack {
     std::optional<uint32_t> device_of(uint32_t unit, uint32_t module_id) const;
     std::optional<uint32_t> module_of(uint32_t unit, uint32_t device_id) const;
 
+    // Of a module that exists.
+    uint32_t unit_of(uint32_t module_id) const { return (module_id - 1) / shape_.chips + 1; }
+
   private:
     uint32_t ports_before(uint32_t device_id) const;
 

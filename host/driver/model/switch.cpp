@@ -22,7 +22,9 @@ ChipState::ChipState(const Stack &stack)
       mirrors(stack),
       trunks(stack),
       storm_control(stack),
-      priorities(stack)
+      priorities(stack),
+      topology(stack),
+      fabric_table(stack)
 {
 }
 

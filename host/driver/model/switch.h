@@ -23,6 +23,7 @@
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
+#include "host/driver/model/topology.h"
 #include "host/driver/model/trunks.h"
 #include "host/driver/model/tunnels.h"
 #include "host/driver/model/vlans.h"
@@ -50,6 +51,8 @@ struct ChipState {
     StormControl storm_control;
     Priorities priorities;
     std::array<OamEntries, 2> oam_entries;  // of the engine that frames pass as they come in, and as they leave
+    Topology topology;
+    Topology fabric_table;  // where the fabric chip sends frames, which is told apart from the topology
     KeptSettings kept;
 };
 
