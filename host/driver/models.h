@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/driver/model/switch.h"
+#include "host/driver/model/twsi.h"
 #include "host/driver/oam_delivery.h"
 
 namespace quillon::driver {
@@ -11,6 +12,7 @@ struct Models {
 
     SharedSwitch chips;
     OamDelivery oam_events;
+    SharedTwsi twsi;
 };
 
 }  // namespace quillon::driver

@@ -14,6 +14,7 @@
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/negotiation.h"
 #include "host/driver/model/oam_events.h"
+#include "host/driver/model/poe_controller.h"
 #include "host/driver/model/port_set.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
@@ -285,6 +286,36 @@ inline constexpr auto codes<OamEvent> = std::to_array<Code<OamEvent>>({
     {4, OamEvent::unexpected_period},
     {5, OamEvent::unexpected_level},
     {6, OamEvent::remote_defect},
+});
+
+// ---- TWSI buses and PoE controller ----
+
+// A device in one word.
+struct TwsiAddress {
+    uint32_t bus;
+    uint32_t device;
+};
+
+constexpr TwsiAddress decoded_twsi_address(uint32_t word)
+{
+    return {.bus = word >> 8, .device = word & 0xFF};
+}
+
+// The one kind of addresses that devices here have.
+inline constexpr uint8_t twsi_address_of_7_bits = 0;
+
+template <>
+inline constexpr auto codes<PoeStatus> = std::to_array<Code<PoeStatus>>({
+    {0, PoeStatus::ready},
+    {1, PoeStatus::not_started},
+    {2, PoeStatus::no_command},
+});
+
+template <>
+inline constexpr auto codes<PoeLed> = std::to_array<Code<PoeLed>>({
+    {0, PoeLed::off},
+    {1, PoeLed::on},
+    {2, PoeLed::blinking},
 });
 
 }  // namespace quillon::driver

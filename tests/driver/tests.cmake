@@ -26,6 +26,7 @@ quillon_test(driver_tests
   driver/swdrv_stacking_test.cpp
   driver/swdrv_storm_control_test.cpp
   driver/swdrv_trunk_test.cpp
+  driver/swdrv_twsi_poe_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/switch_test.cpp
   driver/trunks_test.cpp

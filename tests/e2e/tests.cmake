@@ -53,3 +53,12 @@ quillon_test(e2e_oam_tests e2e/oam_events_test.cpp)
 target_compile_definitions(e2e_oam_tests PRIVATE QUILLON_OAM_WAITER="$<TARGET_FILE:e2e_oam_waiter>")
 target_link_libraries(e2e_oam_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_oam_tests e2e_oam_waiter)
+
+# Application processes that use devices on the buses, beside the test itself.
+add_executable(e2e_eeprom_user e2e/eeprom_user.cpp)
+target_link_libraries(e2e_eeprom_user PRIVATE quillon quillon_platform)
+
+quillon_test(e2e_device_tests e2e/device_test.cpp)
+target_compile_definitions(e2e_device_tests PRIVATE QUILLON_EEPROM_USER="$<TARGET_FILE:e2e_eeprom_user>")
+target_link_libraries(e2e_device_tests PRIVATE e2e_support quillon quillon_platform)
+add_dependencies(e2e_device_tests e2e_eeprom_user)

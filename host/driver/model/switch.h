@@ -16,6 +16,7 @@
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/oam_entries.h"
 #include "host/driver/model/per_port.h"
+#include "host/driver/model/poe_controller.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
@@ -70,6 +71,7 @@ class Switch {
     const Stack stack;
     ChipState chips;
     PerPort<Line> lines;
+    PoeController poe;
 };
 
 using SharedSwitch = Guarded<Switch>;
