@@ -19,6 +19,10 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_swdrv_stacking(dispatcher, models.chips);
     add_swdrv_oam(dispatcher, models.chips, models.oam_events);
     add_swdrv_twsi_poe(dispatcher, models.twsi, models.chips);
+
+    add_swdrvl3_interfaces(dispatcher, models.chips);
+    add_swdrvl3_routes(dispatcher, models.chips);
+    add_swdrvl3_routing(dispatcher, models.chips);
 }
 
 }  // namespace quillon::driver

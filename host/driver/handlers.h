@@ -26,4 +26,8 @@ void add_swdrv_stacking(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_oam(Dispatcher &dispatcher, SharedSwitch &model, OamDelivery &delivery);
 void add_swdrv_twsi_poe(Dispatcher &dispatcher, SharedTwsi &buses, SharedSwitch &model);
 
+void add_swdrvl3_interfaces(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl3_routes(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl3_routing(Dispatcher &dispatcher, SharedSwitch &model);
+
 }  // namespace quillon::driver

@@ -9,6 +9,7 @@ quillon_test(driver_tests
   driver/port_status_test.cpp
   driver/priorities_test.cpp
   driver/process_test.cpp
+  driver/routes_test.cpp
   driver/spanning_tree_test.cpp
   driver/stack_test.cpp
   driver/storm_control_test.cpp
@@ -28,6 +29,9 @@ quillon_test(driver_tests
   driver/swdrv_trunk_test.cpp
   driver/swdrv_twsi_poe_test.cpp
   driver/swdrv_vlan_test.cpp
+  driver/swdrvl3_interfaces_test.cpp
+  driver/swdrvl3_routes_test.cpp
+  driver/swdrvl3_routing_test.cpp
   driver/switch_test.cpp
   driver/trunks_test.cpp
   driver/tunnels_test.cpp

@@ -33,7 +33,7 @@ const std::string control_d = "\x04";
 
 struct RoutingMenuTest : testing::Test {
     TestFolder folder;
-    DriverProcess driver{folder.path()};
+    DriverProcess driver{folder.path(), {"--log-level=debug"}};
     const std::map<std::string, std::string> environment = {{"QUILLON_RUNTIME_DIR", folder.path()}};
 };
 
@@ -60,17 +60,29 @@ class RoutingMenuOnTerminal : public RoutingMenuTest {
     OnTerminal program{{QUILLON_ROUTING_MENU}, environment};
 };
 
-TEST_F(RoutingMenuOnTerminal, IsReachedAndLeftByKeys)
+TEST_F(RoutingMenuOnTerminal, SwitchesRoutingByKeys)
 {
     EXPECT_EQ(next_menu(), console_menu);
     EXPECT_EQ(answer_to("x"), "Unknown option\r\n" + console_menu);
     EXPECT_EQ(answer_to("0"), routing_menu);
+    EXPECT_EQ(answer_to("0"), "DEV_SWDRVL3_PMGR_EnableIPv4Routing() returns TRUE\n" + routing_menu);
+    EXPECT_EQ(answer_to("1"), "DEV_SWDRVL3_PMGR_EnableIPv6Routing() returns TRUE\n" + routing_menu);
+    EXPECT_EQ(answer_to("2"), "DEV_SWDRVL3_PMGR_DisableIPv4Routing() returns TRUE\n" + routing_menu);
+    EXPECT_EQ(answer_to("3"), "DEV_SWDRVL3_PMGR_DisableIPv6Routing() returns TRUE\n" + routing_menu);
     EXPECT_EQ(answer_to("4"), "Unknow option\r\n" + routing_menu);
     EXPECT_EQ(answer_to("q"), console_menu);
     program.type("Q");
     EXPECT_EQ(as_printed(program.screen().rest()), "\r\n");
     EXPECT_EQ(program.wait(), 0);
     EXPECT_TRUE(program.in_line_mode());
+
+    std::string codes;
+    driver.signal(SIGTERM);
+    for (const std::string &line : lines_of(driver.err().rest())) {
+        const size_t at = line.find(" code=");
+        codes += at == std::string::npos ? "" : line.substr(at, line.find(' ', at + 1) - at);
+    }
+    EXPECT_EQ(codes, " code=3 code=4 code=6 code=7");
 }
 
 TEST_F(RoutingMenuOnTerminal, ShowsFalseWhenTheDriverProcessIsGone)
@@ -105,10 +117,11 @@ TEST_F(RoutingMenuOnTerminal, LeavesTheTerminalAsItWasWhenItIsInterrupted)
 TEST_F(RoutingMenuTest, TakesItsKeysFromAPipe)
 {
     Child program({QUILLON_ROUTING_MENU}, environment);
-    program.write_line("04q");
+    program.write_line("00q");
     program.close_input();
-    EXPECT_EQ(program.out().rest(), console_menu + routing_menu + "Unknow option\r\n" + routing_menu + console_menu +
-                                        "Unknown option\r\n" + console_menu + "\r\n");
+    EXPECT_EQ(program.out().rest(), console_menu + routing_menu +
+                                        "DEV_SWDRVL3_PMGR_EnableIPv4Routing() returns TRUE\n" + routing_menu +
+                                        console_menu + "Unknown option\r\n" + console_menu + "\r\n");
     EXPECT_EQ(program.wait(), 1);
 }
 

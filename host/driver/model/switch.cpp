@@ -24,7 +24,9 @@ ChipState::ChipState(const Stack &stack)
       storm_control(stack),
       priorities(stack),
       topology(stack),
-      fabric_table(stack)
+      fabric_table(stack),
+      routing(stack),
+      routes(stack)
 {
 }
 
@@ -37,6 +39,19 @@ bool ChipState::destroy_vlan(uint32_t id)
     tunnels.forget_vlan(id);
     mirrors.forget_vlan(id);
     trunks.forget_vlan(id);
+    for (const uint32_t interface : l3_interfaces.in_vlan(id)) {
+        routes.forget_interface(interface);
+    }
+    l3_interfaces.forget_vlan(id);
+    return true;
+}
+
+bool ChipState::delete_l3_interface(uint32_t id, const VlanMac &where)
+{
+    if (!l3_interfaces.is(id, where) || routes.uses_interface(id)) {
+        return false;
+    }
+    l3_interfaces.remove(id);
     return true;
 }
 

@@ -11,6 +11,7 @@
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/igmp_trap.h"
 #include "host/driver/model/kept_settings.h"
+#include "host/driver/model/l3_interfaces.h"
 #include "host/driver/model/line.h"
 #include "host/driver/model/link_scan.h"
 #include "host/driver/model/mirrors.h"
@@ -21,6 +22,8 @@
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
 #include "host/driver/model/priorities.h"
+#include "host/driver/model/routes.h"
+#include "host/driver/model/routing_switches.h"
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
@@ -37,6 +40,8 @@ struct ChipState {
 
     // False for a VLAN that does not exist and for the default VLAN. What leads to the VLAN goes with it.
     bool destroy_vlan(uint32_t id);
+    // False when there is no such interface, and while a route leads to it.
+    bool delete_l3_interface(uint32_t id, const VlanMac &where);
 
     PerPort<PortOverrides> overrides;
     PerPort<PortSettings> ports;
@@ -55,6 +60,9 @@ struct ChipState {
     Topology topology;
     Topology fabric_table;  // where the fabric chip sends frames, which is told apart from the topology
     KeptSettings kept;
+    RoutingSwitches routing;
+    L3Interfaces l3_interfaces;
+    Routes routes;
 };
 
 class Switch {
