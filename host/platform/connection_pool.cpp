@@ -2,6 +2,7 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <pthread.h>
 #include <sys/socket.h>
 #include <sys/time.h>
@@ -232,6 +233,23 @@ uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline
     fresh->polling = {};
     connection = fresh;
     return QUILLON_STATUS_OK;
+}
+
+bool sleep_until_readable(const Connection &connection, const Deadline &deadline)
+{
+    pollfd readable = {.fd = connection.descriptor, .events = POLLIN, .revents = 0};
+    const timespec left = deadline.limited() ? deadline.left() : timespec{};
+    const int ready = ppoll(&readable, 1, deadline.limited() ? &left : nullptr, nullptr);
+    if (ready == 0) {
+        errno = ETIMEDOUT;
+    }
+    return ready > 0;
+}
+
+bool still_open(const Connection &connection)
+{
+    char any;
+    return recv(connection.descriptor, &any, sizeof any, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
 }
 
 void keep(Connection &connection)

@@ -34,6 +34,12 @@ Connection *take_idle(uint32_t queue);
 // Returns QUILLON_STATUS_OK and a busy connection, or what failed.
 uint32_t connect_anew(uint32_t queue, const sockaddr_un &address, const Deadline &deadline, Connection *&connection);
 
+// True when something can be read, or the connection has ended; false with errno ETIMEDOUT or what failed.
+bool sleep_until_readable(const Connection &connection, const Deadline &deadline);
+
+// For one that nothing is sent on by its driver process now: what can be read is its end.
+bool still_open(const Connection &connection);
+
 // Gives a busy connection back for the next call.
 void keep(Connection &connection);
 

@@ -1,7 +1,5 @@
 // The client's half of the message queues: handles, and one exchange at a time on a connection.
 #include <errno.h>
-#include <poll.h>
-#include <pthread.h>
 #include <string.h>
 #include <sys/socket.h>
 #include <sys/uio.h>
@@ -11,6 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "host/platform/cancellation.h"
+#include "host/platform/client_folder.h"
 #include "host/platform/connection_pool.h"
 #include "host/platform/deadline.h"
 #include "host/platform/fork_lock.h"
@@ -32,10 +32,6 @@ constexpr size_t kMostQueues = 64;
 
 constinit std::array<Queue, kMostQueues> queues = {};
 constinit std::atomic<size_t> queues_used = 0;
-
-// Found at the first attach and not again: a program may change its environment while other threads make requests.
-constinit RuntimePath runtime_folder = {};
-constinit std::atomic<bool> runtime_folder_found = false;
 
 // A handle of ours, null for anything else.
 const Queue *queue_of(const void *handle)
@@ -89,18 +85,6 @@ bool send_request(Connection &connection, const Exchange &exchange)
         sent = sendmsg(connection.descriptor, &packet, MSG_NOSIGNAL);
     } while (sent < 0 && errno == EINTR);
     return sent >= 0;
-}
-
-// True when something can be read, or the connection has ended; false with errno ETIMEDOUT or what failed.
-bool sleep_until_readable(const Connection &connection, const Deadline &deadline)
-{
-    pollfd readable = {.fd = connection.descriptor, .events = POLLIN, .revents = 0};
-    const timespec left = deadline.left();
-    const int ready = ppoll(&readable, 1, &left, nullptr);
-    if (ready == 0) {
-        errno = ETIMEDOUT;
-    }
-    return ready > 0;
 }
 
 // Where the next packet, or the start of it, goes.
@@ -211,7 +195,7 @@ uint32_t receive_reply(Connection &connection, const Exchange &exchange)
 
 sockaddr_un address_of(uint32_t key)
 {
-    return queue_address(runtime_folder.text, key);
+    return queue_address(client_runtime_folder(), key);
 }
 
 // A connection on which the request has been sent. What send_request() refused was never queued, so that it may be sent
@@ -252,13 +236,6 @@ uint32_t exchange_on(uint32_t key, const Exchange &exchange)
     return status;
 }
 
-// Nothing is sent on an idle connection by its driver process, so that one that can be read has ended.
-bool still_open(const Connection &connection)
-{
-    char any;
-    return recv(connection.descriptor, &any, sizeof any, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
-}
-
 uint32_t attach(uint32_t key)
 {
     Connection *connection;
@@ -275,28 +252,6 @@ uint32_t attach(uint32_t key)
     }
     return status;
 }
-
-bool find_runtime_folder()
-{
-    const ForkLock lock;
-    if (!runtime_folder_found.load(std::memory_order_relaxed) &&
-        locate_runtime_folder(runtime_folder) == PathFault::none) {
-        runtime_folder_found.store(true, std::memory_order_release);
-    }
-    return runtime_folder_found.load(std::memory_order_relaxed);
-}
-
-// The calls are no cancellation points: a thread that is cancelled in one would take its connection with it.
-class CancellationOff {
-  public:
-    CancellationOff() { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &former_); }
-    ~CancellationOff() { pthread_setcancelstate(former_, nullptr); }
-    CancellationOff(const CancellationOff &) = delete;
-    CancellationOff &operator=(const CancellationOff &) = delete;
-
-  private:
-    int former_ = PTHREAD_CANCEL_ENABLE;
-};
 
 size_t envelope_size(const void *request)
 {
@@ -328,7 +283,7 @@ uint32_t SYSFUN_GetMsgQ(uint32_t key, uint32_t, void **handle)
     if (*handle == nullptr) {
         return QUILLON_STATUS_TOO_MANY_QUEUES;
     }
-    return find_runtime_folder() ? attach(key) : QUILLON_STATUS_BAD_RUNTIME_DIR;
+    return client_runtime_folder() != nullptr ? attach(key) : QUILLON_STATUS_BAD_RUNTIME_DIR;
 }
 
 uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time, uint32_t, uint32_t reply_size,
@@ -341,7 +296,7 @@ uint32_t __SYSFUN_SendRequestMsg(void *handle, void *request, uint32_t wait_time
     if (request == nullptr || reply == nullptr) {
         return QUILLON_STATUS_BAD_ARGUMENT;
     }
-    if (!runtime_folder_found.load(std::memory_order_acquire)) {
+    if (client_runtime_folder() == nullptr) {
         return QUILLON_STATUS_BAD_RUNTIME_DIR;
     }
 

@@ -1,7 +1,6 @@
 #include "host/platform/queue_server.h"
 
 #include <errno.h>
-#include <signal.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -16,28 +15,9 @@
 #include "host/platform/descriptor.h"
 #include "host/platform/error_text.h"
 #include "host/platform/queue_thread.h"
+#include "host/platform/signals_blocked.h"
 
 namespace quillon::host {
-namespace {
-
-// Signals are the program's: they go to its own threads, not to those of the queues.
-class SignalsBlocked {
-  public:
-    SignalsBlocked()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &former_);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
-    SignalsBlocked(const SignalsBlocked &) = delete;
-    SignalsBlocked &operator=(const SignalsBlocked &) = delete;
-
-  private:
-    sigset_t former_;
-};
-
-}  // namespace
 
 PendingReply::PendingReply(std::shared_ptr<ClientConnection> client) noexcept : client_(std::move(client)) {}
 
