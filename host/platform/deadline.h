@@ -30,6 +30,12 @@ class Deadline {
 
     bool limited() const { return limited_; }
 
+    bool passed() const
+    {
+        const timespec rest = limited_ ? left() : timespec{.tv_sec = 1, .tv_nsec = 0};
+        return rest.tv_sec == 0 && rest.tv_nsec == 0;
+    }
+
     // What is left of a limited wait, zero when it has passed.
     timespec left() const
     {

@@ -51,4 +51,13 @@ sockaddr_un control_address(const char *folder, SocketName name)
     return address;
 }
 
+sockaddr_un memory_address(const char *folder, SocketName name)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const char *format = name == SocketName::served ? "%s/memory.sock" : "%s/.memory.sock.new";
+    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder);
+    return address;
+}
+
 }  // namespace quillon::host

@@ -31,6 +31,9 @@ sockaddr_un queue_address(const char *folder, uint32_t key, SocketName name = So
 // Where the driver process takes commands from outside.
 sockaddr_un control_address(const char *folder, SocketName name = SocketName::served);
 
+// Where clients attach to the memory that the run shares.
+sockaddr_un memory_address(const char *folder, SocketName name = SocketName::served);
+
 }  // namespace quillon::host
 
 #endif

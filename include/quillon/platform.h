@@ -19,6 +19,9 @@ extern "C" {
  * What the two queue functions below and the debug console's registration return. Only QUILLON_STATUS_OK has a meaning
  * everywhere: the other values are those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other
  * platforms have their own.
+ * What the functions on queues, semaphores and events return. Only QUILLON_STATUS_OK has a meaning everywhere: the
+ * other values are those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other platforms have
+ * their own.
  */
 #define QUILLON_STATUS_OK UINT32_C(0)
 #define QUILLON_STATUS_NO_DRIVER UINT32_C(1)        /* nobody serves the queue; nothing was sent */
@@ -35,6 +38,12 @@ extern "C" {
 #define QUILLON_STATUS_BAD_RUNTIME_DIR UINT32_C(12) /* the run-time folder's path is relative or too long */
 #define QUILLON_STATUS_SYSTEM_ERROR UINT32_C(13)    /* the kernel refused what should not fail, as without memory */
 #define QUILLON_STATUS_TOO_MANY_SUBSYSTEMS UINT32_C(14) /* the debug console has 16 subsystems */
+#define QUILLON_STATUS_RECOVERED UINT32_C(15)           /* the semaphore was taken; the task that held it has died */
+#define QUILLON_STATUS_NO_SUCH_SEMAPHORE UINT32_C(16)
+#define QUILLON_STATUS_ALREADY_HELD UINT32_C(17) /* the calling task holds the semaphore: it would wait for itself */
+#define QUILLON_STATUS_NOT_HELD UINT32_C(18)     /* the calling task does not hold the semaphore */
+#define QUILLON_STATUS_NO_SUCH_TASK UINT32_C(19) /* no task of that id receives events */
+#define QUILLON_STATUS_OTHER_LAYOUT UINT32_C(20) /* the driver process that came back shares other memory */
 
 /* `wait_time` of a call that waits for as long as it takes. */
 #define QUILLON_WAIT_FOREVER UINT32_C(0xFFFFFFFF)
@@ -89,6 +98,9 @@ uint32_t SYSFUN_TaskIdSelf(void);
  * Looks the semaphore `key` up and stores its id, which the two functions below take, in `*semaphore`.
  *
  * Returns 0 when there is such a semaphore, and any other value when not.
+ *
+ * On a workstation the id is the key. It is stored also when there is no driver process yet (QUILLON_STATUS_NO_DRIVER),
+ * and stays good when that is restarted.
  */
 uint32_t SYSFUN_GetSem(uint32_t key, uint32_t *semaphore);
 
@@ -97,10 +109,25 @@ uint32_t SYSFUN_GetSem(uint32_t key, uint32_t *semaphore);
  * QUILLON_WAIT_FOREVER for ever. It is held by the calling task until that gives it back.
  *
  * Returns 0 when it was taken.
+ *
+ * On a workstation:
+ * - QUILLON_STATUS_RECOVERED says that it was taken as well, and that the task which held it has died, so that what it
+ *   guards may be half changed. A task is a thread: it may have died alone, with its process, or be killed;
+ * - a dead holder costs those who wait 20 ms or a little more;
+ * - taking a free semaphore makes no system call while the driver process runs, after the first call of a thread;
+ * - a task that takes it twice is refused (QUILLON_STATUS_ALREADY_HELD);
+ * - the driver process creates the semaphores. When it has died they go on to work between those that were attached to
+ *   it, until another one is there: then all of that one's are free;
+ * - no order is kept among those who wait. Call it from threads, not from signal handlers.
  */
 uint32_t SYSFUN_TakeSem(uint32_t semaphore, uint32_t timeout);
 
-/* Gives a semaphore back. Returns 0 on success. */
+/*
+ * Gives a semaphore back. Returns 0 on success.
+ *
+ * On a workstation, only the task that holds it can (QUILLON_STATUS_NOT_HELD); no system call is made unless somebody
+ * waits.
+ */
 uint32_t SYSFUN_GiveSem(uint32_t semaphore);
 
 /*
@@ -108,26 +135,41 @@ uint32_t SYSFUN_GiveSem(uint32_t semaphore);
  * later.
  *
  * Returns 0 when they were sent, and any other value when not.
+ *
+ * On a workstation the receivers are tasks of the driver process. An event stays pending until it is fetched; sent
+ * again before that, it is pending once. A task that is not there, or takes no events, is refused
+ * (QUILLON_STATUS_NO_SUCH_TASK), or is gone with its driver process (QUILLON_STATUS_NO_DRIVER).
  */
 uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events);
 
 /* ---- Memory shared with the driver process ---- */
 
-/* The start of a segment, null when there is none of that id. */
+/*
+ * The start of a segment, null when there is none of that id.
+ *
+ * On a workstation it is null also when there is no driver process. The address is this process's for good: after a
+ * restart of the driver process its new memory, all zeros at first, takes the place of the old one there, at this
+ * process's next call of this function or one of the semaphores', but never while a thread of it holds one. Nobody can
+ * make the memory smaller while it is in use.
+ */
 void *SYSRSC_MGR_GetShMem(uint32_t segment_id);
 
 /*
  * The IPC memory holds packets: received ones in the area of the receive buffers, those to send in the transmit area.
- * Every process has it at addresses of its own, and refers to a place in it by an offset.
+ * Every process has it at addresses of its own, and refers to a place in it by an offset. On a workstation it is kept
+ * over restarts of the driver process as segments are; what was in it is lost.
  */
+
+/* What the two functions below return for an address that is in no such memory, on a workstation. */
+#define QUILLON_NO_OFFSET UINT32_C(0xFFFFFFFF)
 
 /* Stores the start of the area of the receive buffers in `*start`. Returns 1, and 0 when there is no such area. */
 uint8_t L_IPCMEM_GetRxBufStartAddress(void **start);
 
-/* The offset of `address` from the start of the IPC memory. */
+/* The offset of `address` from the start of the IPC memory. On a workstation that starts with the receive buffers. */
 uint32_t L_IPCMEM_GetOffset(const void *address);
 
-/* The offset of `address` from the start of the transmit area. */
+/* The offset of `address` from the start of the transmit area. On a workstation that is behind the receive buffers. */
 uint32_t L_IPCMEM_GetTxOffset(const void *address);
 
 /* ---- Debug console ---- */

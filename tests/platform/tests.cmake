@@ -5,6 +5,8 @@ quillon_test(platform_tests
   platform/exchange_test.cpp
   platform/queue_server_test.cpp
   platform/runtime_folder_test.cpp
+  platform/shared_run_loss_test.cpp
+  platform/shared_run_test.cpp
   platform/support.cpp)
 target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform quillon_queue_server)
 

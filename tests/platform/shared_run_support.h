@@ -1,0 +1,68 @@
+// What the tests of shared memory have in common.
+#ifndef QUILLON_TESTS_PLATFORM_SHARED_RUN_SUPPORT_H
+#define QUILLON_TESTS_PLATFORM_SHARED_RUN_SUPPORT_H
+
+#include <gtest/gtest.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "host/platform/shared_run.h"
+#include "quillon/platform.h"
+#include "support.h"
+
+namespace quillon::test {
+
+inline constexpr uint32_t kSemaphore = 17;
+inline constexpr uint32_t kOtherSemaphore = 18;
+inline constexpr uint32_t kSegment = 6;
+inline constexpr size_t kReceiveArea = 64 * 1024;
+inline constexpr size_t kTransmitArea = 32 * 1024;
+
+inline host::SharedLayout layout()
+{
+    return {.segments = {{kSegment, 496}, {9, 100'000}},
+            .semaphores = {kSemaphore, kOtherSemaphore},
+            .receive_area = kReceiveArea,
+            .transmit_area = kTransmitArea};
+}
+
+// Waits for what only a fault can keep from happening.
+inline bool comes_true(const std::function<bool()> &condition)
+{
+    const auto give_up = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > give_up) {
+            return false;
+        }
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+// In a process of its own, so that the test program stays one that was never attached to memory.
+inline void as_client(const std::function<void()> &body)
+{
+    const auto client = [&] {
+        body();
+        return 0;
+    };
+    EXPECT_EQ(in_child(client), 0);
+}
+
+inline uint32_t take(uint32_t timeout = QUILLON_WAIT_FOREVER)
+{
+    return SYSFUN_TakeSem(kSemaphore, timeout);
+}
+
+inline uint32_t give()
+{
+    return SYSFUN_GiveSem(kSemaphore);
+}
+
+}  // namespace quillon::test
+
+#endif
