@@ -18,6 +18,7 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_swdrv_port_status(dispatcher, models.chips);
     add_swdrv_stacking(dispatcher, models.chips);
     add_swdrv_oam(dispatcher, models.chips, models.oam_events);
+    add_swdrv_phy(dispatcher, models.chips);
     add_swdrv_twsi_poe(dispatcher, models.twsi, models.chips);
 
     add_swdrvl3_interfaces(dispatcher, models.chips);

@@ -24,6 +24,7 @@ void add_swdrv_priority(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_status(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_stacking(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_oam(Dispatcher &dispatcher, SharedSwitch &model, OamDelivery &delivery);
+void add_swdrv_phy(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_twsi_poe(Dispatcher &dispatcher, SharedTwsi &buses, SharedSwitch &model);
 
 void add_swdrvl3_interfaces(Dispatcher &dispatcher, SharedSwitch &model);

@@ -14,6 +14,7 @@
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/negotiation.h"
 #include "host/driver/model/oam_events.h"
+#include "host/driver/model/phy.h"
 #include "host/driver/model/poe_controller.h"
 #include "host/driver/model/port_set.h"
 #include "host/driver/model/port_settings.h"
@@ -287,6 +288,71 @@ inline constexpr auto codes<OamEvent> = std::to_array<Code<OamEvent>>({
     {5, OamEvent::unexpected_level},
     {6, OamEvent::remote_defect},
 });
+
+// ---- PHYs, cables and what else lies below a port ----
+
+inline constexpr uint32_t last_transmitter_class = 1;  // 0 class B; 1 class A
+inline constexpr uint32_t last_fec = 1;                // 0 none; 1 that of 10GBASE-R (IEEE 802.3, clause 74)
+inline constexpr uint32_t first_port_control = 1;      // as dot1xAuthAuthControlledPortControl
+inline constexpr uint32_t last_port_control = 3;
+inline constexpr uint32_t last_station_move = 2;  // 0 forward; 1 discard; 2 trap
+inline constexpr uint32_t mdix_automatic = 3;
+inline constexpr uint32_t pci_window = 0x10000;  // bytes
+
+inline constexpr uint32_t capability_other = 1U << 0;
+
+// What ports of the type can advertise, and the modes without a number there.
+constexpr uint32_t encoded_ability(PortType type)
+{
+    const LinkModes modes = modes_of(type);
+    return encoded_capability({.modes = modes, .pause = true, .asymmetric_pause = true}) |
+           (modes.contains(LinkMode::base10g_r_full) ? capability_other : 0);
+}
+
+struct WirePhyOperation {
+    uint8_t kind;
+    uint8_t reg;
+    uint16_t page;
+    uint16_t value;
+};
+
+template <>
+inline constexpr auto codes<PhyOperation::Kind> = std::to_array<Code<PhyOperation::Kind>>({
+    {0, PhyOperation::Kind::read},
+    {1, PhyOperation::Kind::write},
+    {2, PhyOperation::Kind::set_bits},
+    {3, PhyOperation::Kind::clear_bits},
+});
+
+template <>
+inline constexpr auto codes<PairState> = std::to_array<Code<PairState>>({
+    {1, PairState::sound},
+    {2, PairState::open},
+});
+
+// Pairs in the order A to D.
+struct CableReport {
+    std::array<uint8_t, 4> states;
+    std::array<uint32_t, 4> centimetres;
+    uint32_t accuracy = 50;  // in centimetres
+};
+static_assert(sizeof(CableReport) == sizeof(CableDiagResultRecord));
+
+struct CableReportAndLink {
+    CableReport report;
+    uint32_t link;
+};
+static_assert(sizeof(CableReportAndLink) == sizeof(CableDiagRecord));
+
+constexpr CableReport encoded(const CableDiagnosis &pairs)
+{
+    CableReport report{};
+    for (size_t i = 0; i < pairs.size(); ++i) {
+        report.states[i] = static_cast<uint8_t>(encoded(pairs[i].state));
+        report.centimetres[i] = pairs[i].metres * 100;
+    }
+    return report;
+}
 
 // ---- TWSI buses and PoE controller ----
 

@@ -20,6 +20,7 @@ quillon_test(driver_tests
   driver/swdrv_mapping_test.cpp
   driver/swdrv_mirroring_test.cpp
   driver/swdrv_oam_test.cpp
+  driver/swdrv_phy_test.cpp
   driver/swdrv_port_config_test.cpp
   driver/swdrv_port_status_test.cpp
   driver/swdrv_priority_test.cpp

@@ -1,5 +1,5 @@
-// Settings that decide about frames alone. No request asks for them and no frame flows, so that all there is to them is
-// that they are kept.
+// Settings that decide about frames or hardware alone. No frame flows and there is no hardware, so that all there is to
+// them is that they are kept.
 #pragma once
 
 #include <stdint.h>
@@ -11,6 +11,10 @@
 namespace quillon::driver {
 
 enum class Setting : uint8_t {
+    cpu_port_rate,
+    cpu_rate_limit,
+    egress_block,
+    fec,
     higig_remote_loopback,
     oam_aging_daemon,
     oam_aging_period,
@@ -21,8 +25,16 @@ enum class Setting : uint8_t {
     oam_opcode_command,
     oam_pdu_to_cpu,
     oam_recovery,
+    pci_register,
+    port_control,
     port_interface,
+    port_mac_address,
+    port_traffic,
+    power_saving,
     receive_all,
+    sfp_connector,
+    station_move,
+    transmitter_class,
     trunk_hash_crc,
     trunk_hash_mode,
 };

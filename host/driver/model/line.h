@@ -21,6 +21,7 @@ struct Line {
     }
 
     bool plugged = true;
+    uint32_t cable_metres = 10;
     LinkPartner partner;
     bool jabbers = false;
     uint32_t false_carriers = 0;

@@ -33,7 +33,8 @@ class PortSettings {
     bool negotiates() const { return negotiates_; }
     OpticsLed optics_led() const { return optics_led_; }
 
-    // A port that does not want flow control does not offer it.
+    // What the port is set to advertise, and what it does: one that does not want flow control does not offer it.
+    const Advertisement &capability() const { return advertised_; }
     Advertisement advertised() const;
 
   private:

@@ -1,5 +1,7 @@
 #include "host/driver/model/switch.h"
 
+#include <algorithm>
+
 namespace quillon::driver {
 namespace {
 
@@ -15,6 +17,7 @@ PerPort<T> by_port_type(const Stack &stack)
 ChipState::ChipState(const Stack &stack)
     : overrides(stack),
       ports(by_port_type<PortSettings>(stack)),
+      phys(stack),
       vlans(stack),
       spanning_tree(stack),
       frame_sizes(stack),
@@ -63,7 +66,49 @@ std::optional<RunningPort> Switch::running_port(const LogicalPort &port) const
     if (settings == nullptr) {
         return std::nullopt;
     }
-    return RunningPort(*settings, *lines.find(port), chips.overrides.find(port)->link_down);
+    return RunningPort(*settings, *lines.find(port),
+                       chips.overrides.find(port)->link_down || chips.phys.find(port)->is_silent());
+}
+
+PhyState *Switch::copper_phy(const LogicalPort &port)
+{
+    const PortSettings *const settings = chips.ports.find(port);
+    return settings != nullptr && settings->type() == PortType::copper ? chips.phys.find(port) : nullptr;
+}
+
+std::optional<Phy> Switch::phy(const LogicalPort &port) const
+{
+    const PortSettings *const settings = chips.ports.find(port);
+    if (settings == nullptr || settings->type() != PortType::copper) {
+        return std::nullopt;
+    }
+    return Phy(*settings, *chips.phys.find(port), *lines.find(port), chips.overrides.find(port)->link_down);
+}
+
+bool Switch::run_phy_operations(const LogicalPort &port, std::span<const PhyOperation> operations)
+{
+    auto changed = phy(port);
+    if (!changed || !std::ranges::all_of(operations, [&](const PhyOperation &each) { return changed->run(each); })) {
+        return false;
+    }
+    *chips.ports.find(port) = changed->settings();
+    *chips.phys.find(port) = changed->state();
+    return true;
+}
+
+uint32_t Switch::average_port_temperature() const
+{
+    constexpr uint32_t idle = 35;
+    constexpr uint32_t running = 45;
+    uint32_t sum = 0;
+    uint32_t count = 0;
+    for (LogicalPort port{.unit = 1, .port = 1}; stack.has(port); ++port.unit) {
+        for (port.port = 1; stack.has(port); ++port.port, ++count) {
+            sum += running_port(port)->status().link_up() ? running : idle;
+        }
+        port.port = 1;
+    }
+    return sum / count;
 }
 
 std::optional<FrameSize> Switch::largest_frame(const LogicalPort &port) const

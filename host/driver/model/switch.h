@@ -6,6 +6,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 
 #include "host/driver/model/frame_sizes.h"
 #include "host/driver/model/guarded.h"
@@ -17,6 +18,7 @@
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/oam_entries.h"
 #include "host/driver/model/per_port.h"
+#include "host/driver/model/phy.h"
 #include "host/driver/model/poe_controller.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
@@ -45,6 +47,7 @@ struct ChipState {
 
     PerPort<PortOverrides> overrides;
     PerPort<PortSettings> ports;
+    PerPort<PhyState> phys;
     bool hg_ports_admin_up = false;
     LinkScan link_scan;
     Vlans vlans;
@@ -74,6 +77,17 @@ class Switch {
 
     // Nothing for a port that does not exist.
     std::optional<RunningPort> running_port(const LogicalPort &port) const;
+
+    // Nothing and null also for a port without copper.
+    std::optional<Phy> phy(const LogicalPort &port) const;
+    PhyState *copper_phy(const LogicalPort &port);
+    // Runs all of them or, when one of them is refused, none.
+    bool run_phy_operations(const LogicalPort &port, std::span<const PhyOperation> operations);
+
+    // In degrees Celsius. Transceivers warm up with their links, and chips with the transceivers.
+    uint32_t average_port_temperature() const;
+    uint32_t device_temperature() const { return average_port_temperature() + 10; }
+
     std::optional<FrameSize> largest_frame(const LogicalPort &port) const;
 
     const Stack stack;
