@@ -27,6 +27,11 @@ std::string text_of(const IpAddress &address)
     return text;
 }
 
+std::string text_of(const LogicalPort &port)
+{
+    return fmt::format("unit {} port {}", port.unit, port.port);
+}
+
 std::string route_packet(Routes &routes, const IpAddress &destination)
 {
     const auto match = routes.route(destination);
@@ -34,12 +39,11 @@ std::string route_packet(Routes &routes, const IpAddress &destination)
         return "no route";
     }
     const Neighbour *const neighbour = routes.neighbour(match->next_hop);
-    return fmt::format("{}/{} {}", text_of(masked(destination, match->prefix_length)), match->prefix_length,
-                       neighbour == nullptr
-                           ? "cpu"
-                           : fmt::format("next hop {}: {:02x} interface {} unit {} port {}", match->next_hop,
-                                         fmt::join(neighbour->mac, ":"), neighbour->interface, neighbour->port.unit,
-                                         neighbour->port.port));
+    const std::string where = neighbour == nullptr ? "cpu"
+                                                   : fmt::format("next hop {}: {:02x} interface {} {}", match->next_hop,
+                                                                 fmt::join(neighbour->mac, ":"), neighbour->interface,
+                                                                 text_of(neighbour->port));
+    return fmt::format("{}/{} {}", text_of(masked(destination, match->prefix_length)), match->prefix_length, where);
 }
 
 std::string forward(Switch &model, uint32_t unit, const IpAddress &destination)
@@ -47,6 +51,26 @@ std::string forward(Switch &model, uint32_t unit, const IpAddress &destination)
     const bool on = model.chips.routing.of_unit(unit).routes(destination.version);
     return fmt::format("{}: {}\n", text_of(destination),
                        on ? route_packet(model.chips.routes, destination) : "not routed");
+}
+
+std::string forward_multicast(Switch &model, const LogicalPort &port, const McastFlow &flow)
+{
+    const auto delivery = model.chips.ip_multicast.forward(port, flow);
+    if (!delivery) {
+        return "flooded\n";
+    }
+    std::string lines;
+    for (LogicalPort leaving{.unit = 1, .port = 1}; model.stack.has(leaving); ++leaving.unit, leaving.port = 1) {
+        for (; model.stack.has(leaving); ++leaving.port) {
+            if (delivery->bridged.contains(leaving)) {
+                lines += fmt::format("bridged {}\n", text_of(leaving));
+            }
+        }
+    }
+    for (const McastCopy &copy : delivery->routed) {
+        lines += fmt::format("routed {} interface {}\n", text_of(copy.port), copy.interface);
+    }
+    return lines + (delivery->to_cpu ? "cpu\n" : "");
 }
 
 }  // namespace
@@ -63,6 +87,19 @@ void add_routing_control(ControlCommands &commands, SharedSwitch &model)
                      }
                      return lines;
                  });
+    commands.add(
+        "forward-multicast", "UNIT PORT VLAN SOURCE GROUP", "Lets an IP multicast packet of a VLAN come in at a port",
+        [&model](ControlCommands::Arguments arguments) {
+            const auto access = model.lock();
+            const LogicalPort port = port_argument(arguments[0], arguments[1], access->stack);
+            const McastFlow flow{.vlan = number_argument(arguments[2], "VLAN", 1, 4094),
+                                 .group = address_argument(arguments[4]),
+                                 .source = address_argument(arguments[3])};
+            if (!is_multicast(flow.group) || !is_unicast(flow.source) || flow.source.version != flow.group.version) {
+                throw ControlError("SOURCE is a host and GROUP a multicast group of the same IP version");
+            }
+            return forward_multicast(*access, port, flow);
+        });
     commands.add("routes", "", "Tells how many host and network routes there are",
                  [&model](ControlCommands::Arguments /*arguments*/) {
                      const auto access = model.lock();

@@ -22,6 +22,7 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_swdrv_twsi_poe(dispatcher, models.twsi, models.chips);
 
     add_swdrvl3_interfaces(dispatcher, models.chips);
+    add_swdrvl3_multicast(dispatcher, models.chips);
     add_swdrvl3_routes(dispatcher, models.chips);
     add_swdrvl3_routing(dispatcher, models.chips);
 }

@@ -28,6 +28,7 @@ void add_swdrv_phy(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_twsi_poe(Dispatcher &dispatcher, SharedTwsi &buses, SharedSwitch &model);
 
 void add_swdrvl3_interfaces(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl3_multicast(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrvl3_routes(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrvl3_routing(Dispatcher &dispatcher, SharedSwitch &model);
 

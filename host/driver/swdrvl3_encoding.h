@@ -11,9 +11,11 @@
 
 #include "host/driver/encoding.h"
 #include "host/driver/model/ip_address.h"
+#include "host/driver/model/ip_multicast.h"
 #include "host/driver/model/routes.h"
 #include "host/driver/model/table_status.h"
 #include "quillon/swdrvl3.h"
+#include "swdrvl3/commands.h"
 
 namespace quillon::driver {
 
@@ -114,6 +116,52 @@ inline std::optional<IpPrefix> prefix_of(const NetRouteRecord &record)
     const auto version = decoded<IpVersion>(record.address_type);
     const auto network = version ? decoded_address(*version, record.network) : std::nullopt;
     return network ? std::optional(IpPrefix{.network = *network, .length = record.prefix_length}) : std::nullopt;
+}
+
+// ---- IP multicast ----
+
+// IPv6 groups begin with a byte that no IPv4 group begins with.
+inline std::optional<McastFlow> flow_of(const swdrvl3::McastEntryKey &key)
+{
+    const IpVersion version = key.group[0] == 0xFF ? IpVersion::v6 : IpVersion::v4;
+    const auto group = decoded_address(version, key.group);
+    const auto source = decoded_address(version, key.source);
+    return group && source ? std::optional(McastFlow{.vlan = key.arg1, .group = *group, .source = *source})
+                           : std::nullopt;
+}
+
+// In the place of a port that packets may come in at.
+inline constexpr LogicalPort any_port{.unit = 0, .port = 0};
+
+inline LogicalPort decoded_port(const std::array<uint8_t, 8> &bytes)
+{
+    const auto [unit, port] = std::bit_cast<std::array<uint32_t, 2>>(bytes);
+    return {.unit = unit, .port = port};
+}
+
+inline McastCopy decoded_copy(const McastInterface &interface)
+{
+    const auto [unit, port, id] = std::bit_cast<std::array<uint32_t, 3>>(interface);
+    return {.port = {.unit = unit, .port = port}, .interface = id};
+}
+
+inline auto decoded_copies(const McastEntryBlock &block)
+{
+    std::array<McastCopy, sizeof block / sizeof(McastInterface)> copies;
+    std::ranges::transform(std::bit_cast<std::array<McastInterface, copies.size()>>(block), copies.begin(),
+                           decoded_copy);
+    return copies;
+}
+
+inline constexpr uint32_t no_entry_status = 0;
+inline constexpr uint32_t clear_hit_after_reading = 1;
+
+inline uint32_t entry_status(const L3McastEntry &entry)
+{
+    constexpr uint32_t is_there = 1;
+    const auto size = [](const auto &set) { return static_cast<uint32_t>(set.size()); };
+    return is_there | uint32_t{entry.hit} << 1 | uint32_t{entry.to_cpu} << 2 | size(entry.ports) << 4 |
+           size(entry.downstream) << 16 | size(entry.replications) << 24;
 }
 
 }  // namespace quillon::driver

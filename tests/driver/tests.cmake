@@ -4,6 +4,7 @@ quillon_test(driver_tests
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
   driver/frame_sizes_test.cpp
+  driver/ip_multicast_test.cpp
   driver/mirrors_test.cpp
   driver/oam_events_test.cpp
   driver/port_status_test.cpp
@@ -31,6 +32,7 @@ quillon_test(driver_tests
   driver/swdrv_twsi_poe_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/swdrvl3_interfaces_test.cpp
+  driver/swdrvl3_multicast_test.cpp
   driver/swdrvl3_routes_test.cpp
   driver/swdrvl3_routing_test.cpp
   driver/switch_test.cpp

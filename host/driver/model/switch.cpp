@@ -29,7 +29,8 @@ ChipState::ChipState(const Stack &stack)
       topology(stack),
       fabric_table(stack),
       routing(stack),
-      routes(stack)
+      routes(stack),
+      ip_multicast(stack)
 {
 }
 
@@ -44,14 +45,16 @@ bool ChipState::destroy_vlan(uint32_t id)
     trunks.forget_vlan(id);
     for (const uint32_t interface : l3_interfaces.in_vlan(id)) {
         routes.forget_interface(interface);
+        ip_multicast.forget_interface(interface);
     }
+    ip_multicast.forget_vlan(id);
     l3_interfaces.forget_vlan(id);
     return true;
 }
 
 bool ChipState::delete_l3_interface(uint32_t id, const VlanMac &where)
 {
-    if (!l3_interfaces.is(id, where) || routes.uses_interface(id)) {
+    if (!l3_interfaces.is(id, where) || routes.uses_interface(id) || ip_multicast.uses_interface(id)) {
         return false;
     }
     l3_interfaces.remove(id);

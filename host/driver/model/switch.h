@@ -11,6 +11,7 @@
 #include "host/driver/model/frame_sizes.h"
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/igmp_trap.h"
+#include "host/driver/model/ip_multicast.h"
 #include "host/driver/model/kept_settings.h"
 #include "host/driver/model/l3_interfaces.h"
 #include "host/driver/model/line.h"
@@ -42,7 +43,7 @@ struct ChipState {
 
     // False for a VLAN that does not exist and for the default VLAN. What leads to the VLAN goes with it.
     bool destroy_vlan(uint32_t id);
-    // False when there is no such interface, and while a route leads to it.
+    // False when there is no such interface, and while a route or multicast entry leads to it.
     bool delete_l3_interface(uint32_t id, const VlanMac &where);
 
     PerPort<PortOverrides> overrides;
@@ -66,6 +67,7 @@ struct ChipState {
     RoutingSwitches routing;
     L3Interfaces l3_interfaces;
     Routes routes;
+    IpMulticast ip_multicast;
 };
 
 class Switch {
