@@ -16,6 +16,8 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_swdrv_storm_control(dispatcher, models.chips);
     add_swdrv_priority(dispatcher, models.chips);
     add_swdrv_port_status(dispatcher, models.chips);
+    add_swdrv_multicast_traps(dispatcher, models.chips);
+    add_swdrv_vlan_rules(dispatcher, models.chips);
     add_swdrv_stacking(dispatcher, models.chips);
     add_swdrv_oam(dispatcher, models.chips, models.oam_events);
     add_swdrv_phy(dispatcher, models.chips);

@@ -22,6 +22,8 @@ void add_swdrv_igmp_trap(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_storm_control(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_priority(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_status(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_multicast_traps(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrv_vlan_rules(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_stacking(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_oam(Dispatcher &dispatcher, SharedSwitch &model, OamDelivery &delivery);
 void add_swdrv_phy(Dispatcher &dispatcher, SharedSwitch &model);

@@ -44,6 +44,9 @@ inline constexpr auto codes<Medium> = std::to_array<Code<Medium>>({
     {2, Medium::fibre},
 });
 
+// While the link is down.
+inline constexpr uint32_t no_medium = 0;
+
 template <>
 inline constexpr auto codes<PortInterface> = std::to_array<Code<PortInterface>>({
     {1, PortInterface::sgmii},

@@ -20,6 +20,7 @@ quillon_test(driver_tests
   driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_mirroring_test.cpp
+  driver/swdrv_multicast_traps_test.cpp
   driver/swdrv_oam_test.cpp
   driver/swdrv_phy_test.cpp
   driver/swdrv_port_config_test.cpp
@@ -30,6 +31,7 @@ quillon_test(driver_tests
   driver/swdrv_storm_control_test.cpp
   driver/swdrv_trunk_test.cpp
   driver/swdrv_twsi_poe_test.cpp
+  driver/swdrv_vlan_rules_test.cpp
   driver/swdrv_vlan_test.cpp
   driver/swdrvl3_interfaces_test.cpp
   driver/swdrvl3_multicast_test.cpp

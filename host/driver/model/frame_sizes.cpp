@@ -21,6 +21,12 @@ bool FrameSizes::set_system_mtu(uint32_t standard, uint32_t jumbo)
     return true;
 }
 
+bool FrameSizes::set_largest_untagged(uint32_t frame)
+{
+    const uint32_t mtu = frame - std::min(frame, addresses_and_type + check_sequence);
+    return jumbo_frames_ ? set_system_mtu(standard_mtu_, mtu) : set_system_mtu(mtu, std::max(mtu, jumbo_mtu_));
+}
+
 bool FrameSizes::set_tunnel_mtu(uint32_t mtu)
 {
     if (!is_mtu(mtu)) {

@@ -33,6 +33,8 @@ class FrameSizes {
 
     // The MTU of all ports, without jumbo frames and with them. False also when the second one is smaller.
     bool set_system_mtu(uint32_t standard, uint32_t jumbo);
+    // Sets the one of them that holds; without jumbo frames the other one follows where it would be smaller.
+    bool set_largest_untagged(uint32_t frame);
     // Takes the place of the system's on tunnel ports, which carry a tag more.
     bool set_tunnel_mtu(uint32_t mtu);
     // Makes a port's MTU smaller than that; it never makes it larger.

@@ -39,6 +39,7 @@ class RunningPort {
     {
     }
 
+    PortType type() const { return settings_.type(); }
     PortStatus status() const;
     NegotiationStatus negotiation() const;
     JabberState jabber() const;

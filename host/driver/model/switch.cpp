@@ -19,6 +19,7 @@ ChipState::ChipState(const Stack &stack)
       ports(by_port_type<PortSettings>(stack)),
       phys(stack),
       vlans(stack),
+      learning(stack),
       spanning_tree(stack),
       frame_sizes(stack),
       tunnels(stack),
@@ -43,6 +44,7 @@ bool ChipState::destroy_vlan(uint32_t id)
     tunnels.forget_vlan(id);
     mirrors.forget_vlan(id);
     trunks.forget_vlan(id);
+    vlan_rules.forget_vlan(id);
     for (const uint32_t interface : l3_interfaces.in_vlan(id)) {
         routes.forget_interface(interface);
         ip_multicast.forget_interface(interface);

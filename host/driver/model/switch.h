@@ -21,6 +21,7 @@
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/phy.h"
 #include "host/driver/model/poe_controller.h"
+#include "host/driver/model/port_learning.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
 #include "host/driver/model/port_status.h"
@@ -33,6 +34,7 @@
 #include "host/driver/model/topology.h"
 #include "host/driver/model/trunks.h"
 #include "host/driver/model/tunnels.h"
+#include "host/driver/model/vlan_rules.h"
 #include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
@@ -52,6 +54,8 @@ struct ChipState {
     bool hg_ports_admin_up = false;
     LinkScan link_scan;
     Vlans vlans;
+    VlanRules vlan_rules;
+    PerPort<PortLearning> learning;
     SpanningTree spanning_tree;
     FrameSizes frame_sizes;
     Tunnels tunnels;

@@ -22,6 +22,12 @@ constexpr bool is_multicast(const MacAddress &mac)
     return (mac[0] & 1) != 0;
 }
 
+// The addresses that IPv6 multicasts are sent to (RFC 2464).
+constexpr bool is_ipv6_multicast(const MacAddress &mac)
+{
+    return mac[0] == 0x33 && mac[1] == 0x33;
+}
+
 // What decides on the member that a frame leaves by.
 enum class TrunkBalance : uint8_t {
     source_mac,

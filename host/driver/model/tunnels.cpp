@@ -3,16 +3,6 @@
 #include "host/driver/model/priorities.h"
 
 namespace quillon::driver {
-namespace {
-
-// Smaller numbers are lengths, not protocols.
-constexpr bool is_tpid(uint32_t value)
-{
-    return value >= 0x0600 && value <= 0xFFFF;
-}
-
-}  // namespace
-
 bool Tunnels::set_mode(const LogicalPort &port, TunnelMode mode)
 {
     PortTunnel *const tunnel = ports_.find(port);

@@ -22,6 +22,12 @@ struct ReplaceMode {
     bool operator==(const ReplaceMode &) const = default;
 };
 
+// Smaller numbers are lengths, not protocols.
+constexpr bool is_tpid(uint32_t value)
+{
+    return value >= 0x0600 && value <= 0xFFFF;
+}
+
 struct ServiceTag {
     uint32_t vlan;
     uint32_t priority;
