@@ -19,3 +19,14 @@ set_target_properties(quillon PROPERTIES
 target_link_options(quillon
   PRIVATE -Wl,-z,lazy -Wl,--as-needed
   INTERFACE -Wl,--allow-shlib-undefined)
+
+# The target's flash is small. Calls are found through the frame pointers there, which the ABI keeps, so that tables for
+# unwinding, a sixth of the file, are of no use; and with pages of up to 64 KiB the part that is read-only after
+# relocation would begin that much later in the file. Bound lazily, it leaves the larger part of its table writable
+# anyway.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL aarch64)
+  target_compile_options(quillon PRIVATE
+    -fno-unwind-tables -fno-asynchronous-unwind-tables -fno-omit-frame-pointer
+    -fno-align-functions -fno-align-jumps -fno-align-loops)
+  target_link_options(quillon PRIVATE -Wl,-z,norelro)
+endif()

@@ -10,6 +10,8 @@ target_include_directories(e2e_support PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SO
 target_compile_definitions(e2e_support PRIVATE
   QUILLON_CTL="$<TARGET_FILE:quillon_ctl>"
   QUILLON_DRIVER="$<TARGET_FILE:quillon_driver>"
+  QUILLON_EMULATOR="${CMAKE_CROSSCOMPILING_EMULATOR}"
+  QUILLON_PROGRAMS="${PROJECT_BINARY_DIR}/"
   QUILLON_RUN="$<TARGET_FILE:quillon_run>")
 target_link_libraries(e2e_support PUBLIC quillon_queue_server test_support GTest::gtest)
 add_dependencies(e2e_support quillon_ctl quillon_driver quillon_run)
@@ -19,7 +21,7 @@ add_executable(e2e_client e2e/client.cpp)
 target_link_libraries(e2e_client PRIVATE quillon quillon_platform Threads::Threads)
 set_target_properties(e2e_client PROPERTIES ENABLE_EXPORTS ON)
 
-quillon_test(e2e_tests
+quillon_native_test(e2e_tests
   e2e/driver_death_test.cpp
   e2e/malformed_requests_test.cpp
   e2e/port_map_test.cpp
@@ -49,7 +51,7 @@ target_link_libraries(e2e_control_tests PRIVATE e2e_support quillon quillon_plat
 add_executable(e2e_oam_waiter e2e/oam_waiter.cpp)
 target_link_libraries(e2e_oam_waiter PRIVATE quillon quillon_platform Threads::Threads)
 
-quillon_test(e2e_oam_tests e2e/oam_events_test.cpp)
+quillon_native_test(e2e_oam_tests e2e/oam_events_test.cpp)
 target_compile_definitions(e2e_oam_tests PRIVATE QUILLON_OAM_WAITER="$<TARGET_FILE:e2e_oam_waiter>")
 target_link_libraries(e2e_oam_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_oam_tests e2e_oam_waiter)
@@ -58,7 +60,7 @@ add_dependencies(e2e_oam_tests e2e_oam_waiter)
 add_executable(e2e_eeprom_user e2e/eeprom_user.cpp)
 target_link_libraries(e2e_eeprom_user PRIVATE quillon quillon_platform)
 
-quillon_test(e2e_device_tests e2e/device_test.cpp)
+quillon_native_test(e2e_device_tests e2e/device_test.cpp)
 target_compile_definitions(e2e_device_tests PRIVATE QUILLON_EEPROM_USER="$<TARGET_FILE:e2e_eeprom_user>")
 target_link_libraries(e2e_device_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_device_tests e2e_eeprom_user)

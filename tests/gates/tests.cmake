@@ -26,6 +26,11 @@ if(NOT QUILLON_SANITIZE)
   add_test(NAME library_identity
     COMMAND ${Python3_EXECUTABLE} gates/check_identity.py --library $<TARGET_FILE:quillon>
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL aarch64)
+    add_test(NAME library_fits_the_target
+      COMMAND ${Python3_EXECUTABLE} gates/check_target.py --library $<TARGET_FILE:quillon> --strip ${CMAKE_STRIP}
+      WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
   # Without optimisation a stack frame says nothing about the shipped one.
   if(CMAKE_BUILD_TYPE STREQUAL Release)
     add_test(NAME library_stack_use

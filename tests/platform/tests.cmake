@@ -8,6 +8,7 @@ quillon_test(platform_tests
   platform/shared_run_loss_test.cpp
   platform/shared_run_test.cpp
   platform/support.cpp)
+target_compile_definitions(platform_tests PRIVATE QUILLON_EMULATOR="${CMAKE_CROSSCOMPILING_EMULATOR}")
 target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform quillon_queue_server)
 
 # It puts a malloc() of its own in place, as the sanitizers do.

@@ -54,11 +54,14 @@ void become(const std::vector<std::string> &command, const std::map<std::string,
         setenv(name.c_str(), value.c_str(), 1);
     }
     std::vector<char *> arguments;
+    if (sizeof QUILLON_EMULATOR > sizeof "" && command[0].starts_with(QUILLON_PROGRAMS)) {
+        arguments.push_back(const_cast<char *>(QUILLON_EMULATOR));
+    }
     for (const std::string &argument : command) {
         arguments.push_back(const_cast<char *>(argument.c_str()));
     }
     arguments.push_back(nullptr);
-    execv(arguments[0], arguments.data());
+    execvp(arguments[0], arguments.data());
     perror(arguments[0]);
     _exit(127);
 }
