@@ -64,3 +64,13 @@ quillon_native_test(e2e_device_tests e2e/device_test.cpp)
 target_compile_definitions(e2e_device_tests PRIVATE QUILLON_EEPROM_USER="$<TARGET_FILE:e2e_eeprom_user>")
 target_link_libraries(e2e_device_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_device_tests e2e_eeprom_user)
+
+# Application processes that share a routing table.
+add_executable(e2e_route_setup e2e/route_setup.cpp)
+target_include_directories(e2e_route_setup PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_link_libraries(e2e_route_setup PRIVATE quillon quillon_platform)
+
+quillon_test(e2e_routing_tests e2e/routing_test.cpp)
+target_compile_definitions(e2e_routing_tests PRIVATE QUILLON_ROUTE_SETUP="$<TARGET_FILE:e2e_route_setup>")
+target_link_libraries(e2e_routing_tests PRIVATE e2e_support quillon quillon_platform)
+add_dependencies(e2e_routing_tests e2e_route_setup)
