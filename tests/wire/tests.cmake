@@ -1,4 +1,5 @@
 quillon_recorded_test(wire_test
+  wire/caller_limits_test.cpp
   wire/coverage_test.cpp
   wire/exchange_test.cpp
   wire/failed_exchange_test.cpp
