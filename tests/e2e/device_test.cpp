@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "e2e/support/child.h"
+#include "e2e/support/control.h"
 #include "e2e/support/driver_process.h"
 #include "e2e/support/observe.h"
 #include "quillon/swdrv.h"
@@ -93,6 +94,26 @@ TEST_F(DeviceTest, LetsTwoProcessesUseAnEepromBesideABusyMainQueue)
     driver.signal(SIGTERM);
     EXPECT_EQ(driver.err().rest(), "") << "nothing was refused as malformed";
     EXPECT_EQ(driver.wait(), 0);
+}
+
+TEST_F(DeviceTest, FindsOutWhereACableIsOpen)
+{
+    constexpr uint32_t unit = 2;
+    constexpr uint32_t port = 3;
+    const struct {
+        const char *action;
+        uint8_t pair_state;
+        uint16_t phy_status;
+    } rows[] = {{"pull", 2, 0x7949}, {"plug", 1, 0x796D}};
+    for (const auto &row : rows) {
+        EXPECT_EQ(control(folder(), {"cable", std::to_string(unit), std::to_string(port), row.action}).status, 0);
+        CableDiagRecord cable;
+        uint16_t phy_status = 0;
+        EXPECT_EQ(DEV_SWDRV_PMGR_GetCableDiag(unit, port, &cable), 1);
+        EXPECT_EQ(cable.bytes[0], row.pair_state);
+        EXPECT_EQ(DEV_SWDRV_PMGR_GetMIIPhyRegByPage(unit, port, 0, 1, 0, 0, 0, &phy_status), 1);
+        EXPECT_EQ(phy_status, row.phy_status);
+    }
 }
 
 }  // namespace
