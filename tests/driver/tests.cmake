@@ -7,6 +7,7 @@ quillon_test(driver_tests
   driver/ip_multicast_test.cpp
   driver/mirrors_test.cpp
   driver/oam_events_test.cpp
+  driver/pattern_match_test.cpp
   driver/port_status_test.cpp
   driver/priorities_test.cpp
   driver/process_test.cpp

@@ -4,29 +4,16 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#include <array>
 #include <compare>
 #include <map>
 #include <set>
 
+#include "host/driver/model/mac_address.h"
 #include "host/driver/model/port_set.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
-
-using MacAddress = std::array<uint8_t, 6>;
-
-constexpr bool is_multicast(const MacAddress &mac)
-{
-    return (mac[0] & 1) != 0;
-}
-
-// The addresses that IPv6 multicasts are sent to (RFC 2464).
-constexpr bool is_ipv6_multicast(const MacAddress &mac)
-{
-    return mac[0] == 0x33 && mac[1] == 0x33;
-}
 
 // What decides on the member that a frame leaves by.
 enum class TrunkBalance : uint8_t {

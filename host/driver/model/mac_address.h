@@ -1,0 +1,23 @@
+// MAC addresses.
+#pragma once
+
+#include <stdint.h>
+
+#include <array>
+
+namespace quillon::driver {
+
+using MacAddress = std::array<uint8_t, 6>;
+
+constexpr bool is_multicast(const MacAddress &mac)
+{
+    return (mac[0] & 1) != 0;
+}
+
+// The addresses that IPv6 multicasts are sent to (RFC 2464).
+constexpr bool is_ipv6_multicast(const MacAddress &mac)
+{
+    return mac[0] == 0x33 && mac[1] == 0x33;
+}
+
+}  // namespace quillon::driver
