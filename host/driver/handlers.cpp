@@ -4,6 +4,7 @@ namespace quillon::driver {
 
 void add_handlers(Dispatcher &dispatcher, Models &models)
 {
+    add_devrm_rules(dispatcher, models.chips);
     add_swdrv_mapping(dispatcher, models.chips);
     add_swdrv_port_config(dispatcher, models.chips);
     add_swdrv_spanning_tree(dispatcher, models.chips);

@@ -10,6 +10,7 @@ namespace quillon::driver {
 // All that the driver process answers. `models` must outlive the dispatcher.
 void add_handlers(Dispatcher &dispatcher, Models &models);
 
+void add_devrm_rules(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_spanning_tree(Dispatcher &dispatcher, SharedSwitch &model);

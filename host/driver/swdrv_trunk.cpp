@@ -15,7 +15,7 @@ void add_trunks(Dispatcher &dispatcher, SharedSwitch &model)
         return balance && model.lock()->chips.trunks.create(request.trunk_id, *balance);
     });
     dispatcher.on<swdrv::DestroyTrunk>(
-        [&model](const swdrv::Trunk &request) { return model.lock()->chips.trunks.destroy(request.trunk_id); });
+        [&model](const swdrv::Trunk &request) { return model.lock()->chips.destroy_trunk(request.trunk_id); });
     dispatcher.on<swdrv::SetTrunkPortMembers>([&model](const swdrv::TrunkPortMembers &request) {
         const uint32_t unit = request.value1;
         const uint32_t trunk = request.value2;

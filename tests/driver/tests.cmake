@@ -1,10 +1,12 @@
 find_package(GTest REQUIRED)
 
 quillon_test(driver_tests
+  driver/devrm_rules_test.cpp
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
   driver/frame_sizes_test.cpp
   driver/ip_multicast_test.cpp
+  driver/meter_test.cpp
   driver/mirrors_test.cpp
   driver/oam_events_test.cpp
   driver/pattern_match_test.cpp
@@ -12,6 +14,7 @@ quillon_test(driver_tests
   driver/priorities_test.cpp
   driver/process_test.cpp
   driver/routes_test.cpp
+  driver/rules_test.cpp
   driver/spanning_tree_test.cpp
   driver/stack_test.cpp
   driver/storm_control_test.cpp

@@ -31,7 +31,8 @@ ChipState::ChipState(const Stack &stack)
       fabric_table(stack),
       routing(stack),
       routes(stack),
-      ip_multicast(stack)
+      ip_multicast(stack),
+      rules(stack)
 {
 }
 
@@ -60,6 +61,15 @@ bool ChipState::delete_l3_interface(uint32_t id, const VlanMac &where)
         return false;
     }
     l3_interfaces.remove(id);
+    return true;
+}
+
+bool ChipState::destroy_trunk(uint32_t id)
+{
+    if (!trunks.destroy(id)) {
+        return false;
+    }
+    rules.forget_trunk(id);
     return true;
 }
 

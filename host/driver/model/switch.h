@@ -28,6 +28,7 @@
 #include "host/driver/model/priorities.h"
 #include "host/driver/model/routes.h"
 #include "host/driver/model/routing_switches.h"
+#include "host/driver/model/rules.h"
 #include "host/driver/model/spanning_tree.h"
 #include "host/driver/model/stack.h"
 #include "host/driver/model/storm_control.h"
@@ -47,6 +48,8 @@ struct ChipState {
     bool destroy_vlan(uint32_t id);
     // False when there is no such interface, and while a route or multicast entry leads to it.
     bool delete_l3_interface(uint32_t id, const VlanMac &where);
+    // False for a trunk that does not exist. What is bound to it goes with it.
+    bool destroy_trunk(uint32_t id);
 
     PerPort<PortOverrides> overrides;
     PerPort<PortSettings> ports;
@@ -72,6 +75,7 @@ struct ChipState {
     L3Interfaces l3_interfaces;
     Routes routes;
     IpMulticast ip_multicast;
+    Rules rules;
 };
 
 class Switch {

@@ -1,0 +1,17 @@
+// What happens to packets that ports receive.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+
+#include "host/driver/model/switch.h"
+
+namespace quillon::driver {
+
+// The rules that are bound to the port, which exists, count the packet and say what becomes of it. Nothing when the
+// port's link is down: no packet comes in there.
+std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &port,
+                                        std::span<const std::byte> packet);
+
+}  // namespace quillon::driver
