@@ -1,0 +1,9 @@
+# What is shipped, as a user gets it.
+file(GLOB man_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/man/*.[1-9])
+add_test(NAME man_pages COMMAND mandoc -T lint -W warning ${man_pages})
+
+if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT CMAKE_CROSSCOMPILING)
+  add_test(NAME installed_and_packed
+    COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/install/install_test.py
+      --build ${PROJECT_BINARY_DIR} --architecture ${CMAKE_LIBRARY_ARCHITECTURE})
+endif()
