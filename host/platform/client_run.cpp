@@ -60,15 +60,14 @@ bool holds_another(const SharedSemaphore *own)
     return false;
 }
 
-void *map_shared(void *address, size_t size, int file)
+void *map_shared(size_t size, int file)
 {
-    const int fixed = address == nullptr ? 0 : MAP_FIXED;
-    return mmap(address, size, PROT_READ | PROT_WRITE, MAP_SHARED | fixed, file, 0);
+    return mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
 }
 
 uint32_t map_first(const RunOffer &offer, int file)
 {
-    void *const memory = map_shared(nullptr, offer.map.size, file);
+    void *const memory = map_shared(offer.map.size, file);
     if (memory == MAP_FAILED) {
         return QUILLON_STATUS_SYSTEM_ERROR;
     }
@@ -80,7 +79,7 @@ uint32_t map_first(const RunOffer &offer, int file)
 
 // Whoever takes a semaphore looks at the run's number afterwards: either it is found here to be held, or that thread
 // finds the number gone, and starts again.
-uint32_t exchange_memory(const RunOffer &offer, int file, SharedSemaphore *held)
+uint32_t exchange_for(void *memory, const RunOffer &offer, SharedSemaphore *held)
 {
     const uint64_t former = mapped_run.exchange(0);
     if (holds_another(held)) {
@@ -90,12 +89,27 @@ uint32_t exchange_memory(const RunOffer &offer, int file, SharedSemaphore *held)
     if (held != nullptr) {
         give(*held);
     }
-    if (map_shared(ClientRun::memory(), memory_map.size, file) == MAP_FAILED) {
+    // At one go: there is never nothing at the address that other threads look at.
+    const size_t size = memory_map.size;
+    if (mremap(memory, size, size, MREMAP_MAYMOVE | MREMAP_FIXED, ClientRun::memory()) == MAP_FAILED) {
         mapped_run.store(former);
         return QUILLON_STATUS_SYSTEM_ERROR;
     }
     mapped_run.store(offer.run);
     return QUILLON_STATUS_OK;
+}
+
+uint32_t exchange_memory(const RunOffer &offer, int file, SharedSemaphore *held)
+{
+    void *const memory = map_shared(memory_map.size, file);
+    if (memory == MAP_FAILED) {
+        return QUILLON_STATUS_SYSTEM_ERROR;
+    }
+    const uint32_t status = exchange_for(memory, offer, held);
+    if (status != QUILLON_STATUS_OK) {
+        munmap(memory, memory_map.size);
+    }
+    return status;
 }
 
 // The file is what was offered, and nobody can make it shorter.

@@ -29,27 +29,6 @@ using host::RuntimeFolder;
 using host::SharedLayout;
 using host::SharedRun;
 
-// A driver process that shares memory, marked so that its run is told from others.
-class MemoryDriver {
-  public:
-    explicit MemoryDriver(uint8_t mark, SharedLayout shared = layout())
-        : process_([&](const auto &ready) {
-              const RuntimeFolder folder = RuntimeFolder::claim();
-              const SharedRun run(folder, shared);
-              run.segment(kSegment)[0] = std::byte{mark};
-              ready();
-              pause();
-              return 0;
-          })
-    {
-    }
-
-    Process &process() { return process_; }
-
-  private:
-    Process process_;
-};
-
 // Faults: a client that goes on in the memory of a run that is over; a holder of the former run that blocks the next.
 TEST(SharedRunLoss, AClientGoesOnInTheNextRunsMemory)
 {

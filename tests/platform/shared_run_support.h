@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <stddef.h>
 #include <stdint.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <functional>
@@ -52,6 +53,31 @@ inline void as_client(const std::function<void()> &body)
     };
     EXPECT_EQ(in_child(client), 0);
 }
+
+// A driver process that shares memory, whose first byte tells its run from others. Tells 'l' for a loss of kSemaphore.
+class MemoryDriver {
+  public:
+    explicit MemoryDriver(uint8_t mark, const host::SharedLayout &shared = layout(), const Events *losses = nullptr)
+        : process_([&](const auto &ready) {
+              const auto folder = host::RuntimeFolder::claim();
+              const host::SharedRun run(folder, shared, [losses](const host::SemaphoreLoss &loss) {
+                  if (losses != nullptr) {
+                      losses->tell(loss.key == kSemaphore && loss.times == 1 && loss.holder > 0 ? 'l' : '?');
+                  }
+              });
+              run.segment(kSegment)[0] = std::byte{mark};
+              ready();
+              pause();
+              return 0;
+          })
+    {
+    }
+
+    Process &process() { return process_; }
+
+  private:
+    Process process_;
+};
 
 inline uint32_t take(uint32_t timeout = QUILLON_WAIT_FOREVER)
 {

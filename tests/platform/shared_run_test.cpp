@@ -39,22 +39,16 @@ using host::SharedLayout;
 using host::SharedRun;
 using host::TaskEvents;
 
-// The driver process is the test itself.
-class SharedRunTest : public testing::Test {
-  protected:
-    RuntimeFolder folder = RuntimeFolder::claim();
-    Events losses;
-    SharedRun run{folder, layout(), [this](const host::SemaphoreLoss &loss) {
-                      losses.tell(loss.key == kSemaphore && loss.times == 1 && loss.holder > 0 ? 'l' : '?');
-                  }};
-};
-
 // Faults: two tasks hold it at one time; a wake-up that is lost.
-TEST_F(SharedRunTest, ASemaphoreExcludesTheTasksOfAllProcesses)
+TEST(SharedSemaphore, ExcludesTheTasksOfAllProcesses)
 {
     constexpr uint32_t kTurns = 2000;
     const auto count_up = [] {
-        auto *const counter = static_cast<volatile uint32_t *>(SYSRSC_MGR_GetShMem(kSegment));
+        volatile uint32_t *counter = nullptr;
+        comes_true([&] {
+            counter = static_cast<volatile uint32_t *>(SYSRSC_MGR_GetShMem(kSegment));
+            return counter != nullptr;
+        });
         for (uint32_t i = 0; i < kTurns; ++i) {
             take();
             const uint32_t before = *counter;
@@ -74,6 +68,8 @@ TEST_F(SharedRunTest, ASemaphoreExcludesTheTasksOfAllProcesses)
             return 0;
         }));
     }
+    const RuntimeFolder folder = RuntimeFolder::claim();
+    SharedRun run(folder, layout());
     auto &counter = *reinterpret_cast<volatile uint32_t *>(run.segment(kSegment).data());
     for (uint32_t i = 0; i < kTurns; ++i) {
         EXPECT_EQ(run.take(kSemaphore, QUILLON_WAIT_FOREVER), QUILLON_STATUS_OK);
@@ -86,8 +82,9 @@ TEST_F(SharedRunTest, ASemaphoreExcludesTheTasksOfAllProcesses)
     EXPECT_EQ(counter, 9 * kTurns);
 }
 
-TEST_F(SharedRunTest, RefusesWhatASemaphoreCannotDo)
+TEST(SharedSemaphore, RefusesWhatItCannotDo)
 {
+    const MemoryDriver driver(1);
     as_client([] {
         uint32_t id = 0;
         EXPECT_EQ(SYSFUN_GetSem(kSemaphore, &id), QUILLON_STATUS_OK);
@@ -114,27 +111,33 @@ TEST_F(SharedRunTest, RefusesWhatASemaphoreCannotDo)
     });
 }
 
-enum class Death { of_thread, of_process, killed };
+enum class Death {
+    of_thread,   // one that is not its process's first
+    of_process,  // with such a thread
+    killed,      // in the first thread, which stays a zombie: nobody waits for the process
+};
 
-// Takes the semaphore on a thread that is not its process's first, and dies.
 class DyingHolder {
   public:
     explicit DyingHolder(Death death)
-        : death_(death), process_([this](const auto &ready) {
-              std::jthread([&] {
+        : death_(death), process_([death](const auto &ready) {
+              const auto hold = [&] {
                   take();
                   ready();
-                  if (death_ != Death::of_thread) {
+                  if (death != Death::of_thread) {
                       pause();
                   }
-              }).join();
+              };
+              if (death == Death::killed) {
+                  hold();
+              }
+              std::jthread(hold).join();
               pause();
               return 0;
           })
     {
     }
 
-    // Nobody waits for the process: it stays a zombie.
     void die() const
     {
         if (death_ != Death::of_thread) {
@@ -148,8 +151,10 @@ class DyingHolder {
 };
 
 // Faults: a kind of death that goes unnoticed; two waiters that take over; a loss that nobody hears of.
-TEST_F(SharedRunTest, ADeadHoldersSemaphoreIsFreeAgain)
+TEST(SharedSemaphore, IsFreeAgainAfterItsHoldersDeath)
 {
+    const Events losses;
+    const MemoryDriver driver(1, layout(), &losses);
     for (const Death death : {Death::of_thread, Death::of_process, Death::killed}) {
         SCOPED_TRACE(static_cast<int>(death));
         as_client([death] {
@@ -196,8 +201,9 @@ void refuse_system_calls()
     }
 }
 
-TEST_F(SharedRunTest, AFreeSemaphoreCostsNoSystemCall)
+TEST(SharedSemaphore, CostsNoSystemCallWhenFree)
 {
+    const MemoryDriver driver(1);
     const auto take_and_give = [] {
         take();
         give();
@@ -216,6 +222,13 @@ TEST_F(SharedRunTest, AFreeSemaphoreCostsNoSystemCall)
     }
     EXPECT_EQ(result, 0);
 }
+
+// The driver process is the test itself.
+class SharedRunTest : public testing::Test {
+  protected:
+    RuntimeFolder folder = RuntimeFolder::claim();
+    SharedRun run{folder, layout()};
+};
 
 // Faults: an event that overwrites another; one that comes just when the receiver goes to sleep or takes others.
 TEST_F(SharedRunTest, NoEventIsLost)
