@@ -74,3 +74,12 @@ quillon_test(e2e_routing_tests e2e/routing_test.cpp)
 target_compile_definitions(e2e_routing_tests PRIVATE QUILLON_ROUTE_SETUP="$<TARGET_FILE:e2e_route_setup>")
 target_link_libraries(e2e_routing_tests PRIVATE e2e_support quillon quillon_platform)
 add_dependencies(e2e_routing_tests e2e_route_setup)
+
+# An application process that installs an access list, which the test itself watches.
+add_executable(e2e_access_list e2e/access_list.cpp)
+target_link_libraries(e2e_access_list PRIVATE quillon quillon_platform)
+
+quillon_test(e2e_rule_tests e2e/access_list_test.cpp)
+target_compile_definitions(e2e_rule_tests PRIVATE QUILLON_ACCESS_LIST="$<TARGET_FILE:e2e_access_list>")
+target_link_libraries(e2e_rule_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
+add_dependencies(e2e_rule_tests e2e_access_list)
