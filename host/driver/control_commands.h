@@ -10,6 +10,7 @@ namespace quillon::driver {
 void add_control_commands(ControlCommands &commands, Models &models);
 
 void add_cable_control(ControlCommands &commands, SharedSwitch &model);
+void add_learning_control(ControlCommands &commands, SharedSwitch &model);
 void add_oam_control(ControlCommands &commands, SharedSwitch &model, OamDelivery &delivery);
 void add_packet_control(ControlCommands &commands, SharedSwitch &model);
 void add_routing_control(ControlCommands &commands, SharedSwitch &model);

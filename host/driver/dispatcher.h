@@ -102,6 +102,9 @@ class Dispatcher {
   public:
     explicit Dispatcher(EventLog &log) : log_(log) {}
 
+    // For handlers that have something to tell.
+    EventLog &log() const { return log_; }
+
     // Registers what answers command C. The handler takes the request and the reply, as far as C has them, and returns
     // the result:
     //

@@ -5,6 +5,12 @@ namespace quillon::driver {
 void add_handlers(Dispatcher &dispatcher, Models &models)
 {
     add_devrm_rules(dispatcher, models.chips);
+    add_amtrdrv_walk(dispatcher, models.chips);
+    add_amtrdrv_entries(dispatcher, models.chips);
+    add_amtrdrv_deletion(dispatcher, models.chips);
+    add_amtrdrv_multicast(dispatcher, models.chips);
+    add_amtrdrv_lookup(dispatcher, models.chips);
+    add_amtrdrv_learning(dispatcher, models.chips);
     add_swdrv_mapping(dispatcher, models.chips);
     add_swdrv_port_config(dispatcher, models.chips);
     add_swdrv_spanning_tree(dispatcher, models.chips);

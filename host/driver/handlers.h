@@ -11,6 +11,13 @@ namespace quillon::driver {
 void add_handlers(Dispatcher &dispatcher, Models &models);
 
 void add_devrm_rules(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_walk(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_entries(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_deletion(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_multicast(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_lookup(Dispatcher &dispatcher, SharedSwitch &model);
+void add_amtrdrv_learning(Dispatcher &dispatcher, SharedSwitch &model);
+
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_spanning_tree(Dispatcher &dispatcher, SharedSwitch &model);

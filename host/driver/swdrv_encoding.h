@@ -8,7 +8,6 @@
 #include <array>
 #include <bit>
 #include <optional>
-#include <span>
 
 #include "host/driver/encoding.h"
 #include "host/driver/model/mirrors.h"
@@ -25,6 +24,7 @@
 #include "host/driver/model/storm_control.h"
 #include "host/driver/model/trunks.h"
 #include "host/driver/model/tunnels.h"
+#include "host/driver/request_values.h"
 #include "quillon/swdrv.h"
 
 namespace quillon::driver {
@@ -195,20 +195,6 @@ constexpr uint32_t encoded_status(const PortStatus &status)
 }
 
 // ---- Sets of ports ----
-
-// A bit for each port of a unit, bit 0 of the first byte for port 1. Nothing when there are ports that no unit has.
-constexpr std::optional<PortMask> decoded_bitmap(std::span<const uint8_t> bitmap)
-{
-    PortMask ports = 0;
-    for (size_t byte = 0; byte < bitmap.size(); ++byte) {
-        if (byte < sizeof ports) {
-            ports |= PortMask{bitmap[byte]} << 8 * byte;
-        } else if (bitmap[byte] != 0) {
-            return std::nullopt;
-        }
-    }
-    return ports;
-}
 
 // The ports that a bitmap of one word can name.
 inline constexpr PortMask ports_of_word = UINT32_MAX;

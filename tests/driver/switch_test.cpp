@@ -67,6 +67,7 @@ TEST_F(SwitchTest, ResetsTheChips)
     chips().igmp_trap.enabled = true;
     EXPECT_TRUE(chips().storm_control.enable(StormKind::broadcast, port, true));
     EXPECT_TRUE(chips().priorities.set_classes(port, 2));
+    EXPECT_TRUE(chips().macs.set({.vlan = 1}, {.destination = port}, chips().vlans, chips().trunks));
     chips().hg_ports_admin_up = true;
     chips().link_scan.registered = true;
     model.lines.find(port)->plugged = false;
@@ -84,6 +85,7 @@ TEST_F(SwitchTest, ResetsTheChips)
     EXPECT_EQ(chips().igmp_trap, IgmpTrap{});
     EXPECT_EQ(chips().storm_control.limit(StormKind::broadcast, port), StormLimit{});
     EXPECT_EQ(*chips().priorities.find(port), PortPriorities{});
+    EXPECT_EQ(chips().macs.size(), 0U);
     EXPECT_FALSE(chips().hg_ports_admin_up);
     EXPECT_FALSE(chips().link_scan.registered);
     EXPECT_FALSE(model.lines.find(port)->plugged);

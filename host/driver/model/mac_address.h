@@ -7,6 +7,7 @@
 
 namespace quillon::driver {
 
+// In network order.
 using MacAddress = std::array<uint8_t, 6>;
 
 constexpr bool is_multicast(const MacAddress &mac)

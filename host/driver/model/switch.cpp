@@ -1,6 +1,7 @@
 #include "host/driver/model/switch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillon::driver {
 namespace {
@@ -32,7 +33,8 @@ ChipState::ChipState(const Stack &stack)
       routing(stack),
       routes(stack),
       ip_multicast(stack),
-      rules(stack)
+      rules(stack),
+      macs(stack)
 {
 }
 
@@ -52,6 +54,7 @@ bool ChipState::destroy_vlan(uint32_t id)
     }
     ip_multicast.forget_vlan(id);
     l3_interfaces.forget_vlan(id);
+    macs.remove_all({.vlan = id});
     return true;
 }
 
@@ -70,10 +73,26 @@ bool ChipState::destroy_trunk(uint32_t id)
         return false;
     }
     rules.forget_trunk(id);
+    macs.remove_all({.destination = TrunkId{id}});
     return true;
 }
 
-Switch::Switch(const StackShape &shape) : stack(shape), chips(stack), lines(by_port_type<Line>(stack)) {}
+Switch::Switch(const StackShape &shape, Clock clock)
+    : stack(shape), chips(stack), lines(by_port_type<Line>(stack)), clock_(std::move(clock))
+{
+}
+
+MacTable &Switch::macs()
+{
+    chips.macs.age(now());
+    return chips.macs;
+}
+
+bool Switch::learn(const MacKey &key, const LogicalPort &port)
+{
+    const PortLearning *const learning = chips.learning.find(port);
+    return learning != nullptr && learning->learns && macs().see(key, port, chips.vlans, chips.trunks, now());
+}
 
 std::optional<RunningPort> Switch::running_port(const LogicalPort &port) const
 {

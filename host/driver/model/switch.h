@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 
+#include "host/driver/model/clock.h"
 #include "host/driver/model/frame_sizes.h"
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/igmp_trap.h"
@@ -16,6 +17,8 @@
 #include "host/driver/model/l3_interfaces.h"
 #include "host/driver/model/line.h"
 #include "host/driver/model/link_scan.h"
+#include "host/driver/model/mac_table.h"
+#include "host/driver/model/mac_walks.h"
 #include "host/driver/model/mirrors.h"
 #include "host/driver/model/oam_entries.h"
 #include "host/driver/model/per_port.h"
@@ -76,11 +79,14 @@ struct ChipState {
     Routes routes;
     IpMulticast ip_multicast;
     Rules rules;
+    MacTable macs;
 };
 
 class Switch {
   public:
-    explicit Switch(const StackShape &shape);
+    explicit Switch(const StackShape &shape, Clock clock = std::chrono::steady_clock::now);
+
+    Time now() const { return clock_(); }
 
     // Puts the chips back in the state that they start in.
     void reset_chips() { chips = ChipState(stack); }
@@ -100,10 +106,19 @@ class Switch {
 
     std::optional<FrameSize> largest_frame(const LogicalPort &port) const;
 
+    // The MAC address table as it stands now, without what has aged. All use of it goes through here.
+    MacTable &macs();
+    // A frame came in at a port. False when its address cannot be learned.
+    bool learn(const MacKey &key, const LogicalPort &port);
+
     const Stack stack;
     ChipState chips;
     PerPort<Line> lines;
     PoeController poe;
+    MacWalks mac_walks;
+
+  private:
+    Clock clock_;
 };
 
 using SharedSwitch = Guarded<Switch>;

@@ -12,9 +12,15 @@ const Trunk *Trunks::find(uint32_t id) const
 
 const Trunk *Trunks::trunk_of(const LogicalPort &port) const
 {
+    const auto id = id_of_trunk_of(port);
+    return id ? find(*id) : nullptr;
+}
+
+std::optional<uint32_t> Trunks::id_of_trunk_of(const LogicalPort &port) const
+{
     const auto found =
         std::ranges::find_if(trunks_, [&](const auto &trunk) { return trunk.second.members.contains(port); });
-    return found == trunks_.end() ? nullptr : &found->second;
+    return found == trunks_.end() ? std::nullopt : std::optional(found->first);
 }
 
 void Trunks::set_balance_of_all(TrunkBalance balance)

@@ -6,6 +6,7 @@
 
 #include <compare>
 #include <map>
+#include <optional>
 #include <set>
 
 #include "host/driver/model/mac_address.h"
@@ -50,8 +51,10 @@ class Trunks {
 
     explicit Trunks(const Stack &stack) : stack_(stack) {}
 
-    const Trunk *find(uint32_t id) const;                  // null when it does not exist
-    const Trunk *trunk_of(const LogicalPort &port) const;  // null when the port is in none
+    const Trunk *find(uint32_t id) const;  // null when it does not exist
+    // Nothing when the port is in none.
+    const Trunk *trunk_of(const LogicalPort &port) const;
+    std::optional<uint32_t> id_of_trunk_of(const LogicalPort &port) const;
     bool has(const TrunkMulticast &multicast) const { return multicasts_.contains(multicast); }
     TrunkBalance default_balance() const { return default_balance_; }
 
