@@ -1,14 +1,14 @@
 find_package(GTest REQUIRED)
 
 quillon_test(driver_tests
-  driver/devrm_rules_test.cpp
   driver/amtrdrv_test.cpp
+  driver/devrm_rules_test.cpp
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
   driver/frame_sizes_test.cpp
   driver/ip_multicast_test.cpp
-  driver/meter_test.cpp
   driver/mac_table_test.cpp
+  driver/meter_test.cpp
   driver/mirrors_test.cpp
   driver/oam_events_test.cpp
   driver/pattern_match_test.cpp

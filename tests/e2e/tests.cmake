@@ -83,6 +83,7 @@ quillon_native_test(e2e_rule_tests e2e/access_list_test.cpp)
 target_compile_definitions(e2e_rule_tests PRIVATE QUILLON_ACCESS_LIST="$<TARGET_FILE:e2e_access_list>")
 target_link_libraries(e2e_rule_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
 add_dependencies(e2e_rule_tests e2e_access_list)
+
 # Application processes that walk the MAC address table, and one that deletes from it.
 add_executable(e2e_address_table_user e2e/address_table_user.cpp)
 target_link_libraries(e2e_address_table_user PRIVATE quillon quillon_platform)
