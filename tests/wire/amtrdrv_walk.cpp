@@ -41,6 +41,13 @@ const WireRows walk{
      .code = 3, .msg_size = 8, .request = "+20 21222324",
      .reply_size = 2408, .reply_type = 0x5A4B3C00, .reply = "+2420 00000000", .result = Result::word},
 
+    {.function = "DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry", .branch = "one_entry",
+     .call = [](Arguments &arg) {
+         return DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry(arg.out("51..60 --*2384"), 150, arg.out_u32(1));
+     },
+     .code = 3, .msg_size = 8, .request = "+20 96000000",
+     .reply_size = 2408, .reply = "+20 51..60 61..70 +2420 01000000", .result = Result::word},
+
     {.function = "DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry", .branch = "full_batch",
      .call = [](Arguments &arg) {
          return DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry(arg.out(distinct_bytes(2400)), 150, arg.out_u32(150));
