@@ -34,6 +34,14 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_swdrvl3_multicast(dispatcher, models.chips);
     add_swdrvl3_routes(dispatcher, models.chips);
     add_swdrvl3_routing(dispatcher, models.chips);
+
+    add_swdrvl4_cos_mapping(dispatcher, models.chips);
+    add_swdrvl4_dscp_mapping(dispatcher, models.chips);
+    add_swdrvl4_port_isolation(dispatcher, models.chips);
+    add_swdrvl4_port_security(dispatcher, models.chips);
+    add_swdrvl4_rate_limit(dispatcher, models.chips);
+    add_swdrvl4_scheduling(dispatcher, models.chips);
+    add_swdrvl4_sflow_and_dos(dispatcher, models.chips);
 }
 
 }  // namespace quillon::driver

@@ -42,4 +42,12 @@ void add_swdrvl3_multicast(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrvl3_routes(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrvl3_routing(Dispatcher &dispatcher, SharedSwitch &model);
 
+void add_swdrvl4_cos_mapping(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_dscp_mapping(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_port_isolation(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_port_security(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_rate_limit(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_scheduling(Dispatcher &dispatcher, SharedSwitch &model);
+void add_swdrvl4_sflow_and_dos(Dispatcher &dispatcher, SharedSwitch &model);
+
 }  // namespace quillon::driver

@@ -12,29 +12,7 @@ namespace quillon::driver {
 namespace {
 
 using Words = KeptSettings::Words;
-using Key = std::optional<Words>;
-
-// Keeps whether a setting is on, as On and Off say, behind the key that `key_of` makes of the stack and the request.
-template <class On, class Off, class KeyOf>
-void keep_switched(Dispatcher &dispatcher, SharedSwitch &model, Setting setting, KeyOf key_of)
-{
-    const auto keeps = [key_of](uint32_t on) {
-        return [key_of, on](const auto &...stack_and_request) -> std::optional<KeptRequest> {
-            Key key = key_of(stack_and_request...);
-            return key ? std::optional(KeptRequest{.key = *std::move(key), .value = {on}}) : std::nullopt;
-        };
-    };
-    keep<On>(dispatcher, model, setting, keeps(1));
-    keep<Off>(dispatcher, model, setting, keeps(0));
-}
-
-// Of the whole switch.
-template <class On, class Off>
-void keep_switched(Dispatcher &dispatcher, SharedSwitch &model, Setting setting)
-{
-    keep_switched<On, Off>(dispatcher, model, setting,
-                           [](const auto &.../*stack_and_request*/) { return Key(Words{}); });
-}
+using Key = KeptKey;
 
 // Of each unit.
 template <class On, class Off>

@@ -32,6 +32,14 @@ class SwdrvClientTest : public testing::Test {
         std::function<bool(const driver::ChipState &)> holds;  // afterwards, and not before
     };
 
+    // For Change::holds.
+    static std::function<bool(const driver::ChipState &)> kept(driver::Setting setting,
+                                                               const driver::KeptSettings::Words &key,
+                                                               const driver::KeptSettings::Words &value)
+    {
+        return [=](const driver::ChipState &chips) { return chips.kept.get(setting, key) == value; };
+    }
+
     // Each of them succeeds and does what it says, beginning with what the ones in front of it left.
     void expect_changes(const std::vector<Change> &changes)
     {

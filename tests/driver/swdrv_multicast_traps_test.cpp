@@ -17,11 +17,6 @@ using Holds = std::function<bool(const ChipState &)>;
 
 struct SwdrvMulticastTrapsTest : SwdrvClientTest {};
 
-Holds kept(Setting setting, const Words &key, const Words &value)
-{
-    return [=](const ChipState &chips) { return chips.kept.get(setting, key) == value; };
-}
-
 TEST_F(SwdrvMulticastTrapsTest, SwitchesOnAndOff)
 {
     const struct {

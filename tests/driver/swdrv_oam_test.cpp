@@ -8,7 +8,6 @@
 namespace quillon::test {
 namespace {
 
-using driver::ChipState;
 using driver::OamEvent;
 using driver::Setting;
 using Words = driver::KeptSettings::Words;
@@ -20,9 +19,6 @@ struct SwdrvOamTest : SwdrvClientTest {
 
 TEST_F(SwdrvOamTest, KeepsWhatIsSet)
 {
-    const auto kept = [](Setting setting, const Words &key, const Words &value) {
-        return [=](const ChipState &chips) { return chips.kept.get(setting, key) == value; };
-    };
     Words crc_bytes(52);
     crc_bytes[0] = 4;
     crc_bytes[1] = 5;

@@ -10,7 +10,6 @@
 namespace quillon::test {
 namespace {
 
-using driver::ChipState;
 using driver::LogicalPort;
 using driver::Setting;
 using Words = driver::KeptSettings::Words;
@@ -69,9 +68,6 @@ TEST_F(SwdrvPhyTest, KeepsSettings)
 {
     static const uint8_t mac[] = {2, 0, 0, 0, 0, 1};
     static const uint64_t blocked[] = {0x0800'0001, 0};
-    const auto kept = [](Setting setting, const Words &key, const Words &value) {
-        return [=](const ChipState &chips) { return chips.kept.get(setting, key) == value; };
-    };
     expect_changes({
         {"power saving", [] { return DEV_SWDRV_PMGR_SetPortPowerSave(2, 3, 0, 1); },
          kept(Setting::power_saving, {2, 3}, {0, 1})},

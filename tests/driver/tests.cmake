@@ -43,6 +43,7 @@ quillon_test(driver_tests
   driver/swdrvl3_multicast_test.cpp
   driver/swdrvl3_routes_test.cpp
   driver/swdrvl3_routing_test.cpp
+  driver/swdrvl4_test.cpp
   driver/switch_test.cpp
   driver/trunks_test.cpp
   driver/tunnels_test.cpp

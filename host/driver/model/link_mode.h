@@ -15,6 +15,23 @@ constexpr bool is_full_duplex(SpeedDuplex speed_duplex)
     return speed_duplex != SpeedDuplex::ten_half && speed_duplex != SpeedDuplex::hundred_half;
 }
 
+constexpr uint32_t megabits_per_second(SpeedDuplex speed_duplex)
+{
+    switch (speed_duplex) {
+        case SpeedDuplex::ten_half:
+        case SpeedDuplex::ten_full:
+            return 10;
+        case SpeedDuplex::hundred_half:
+        case SpeedDuplex::hundred_full:
+            return 100;
+        case SpeedDuplex::gigabit_full:
+            return 1000;
+        case SpeedDuplex::ten_gigabit_full:
+            break;
+    }
+    return 10'000;
+}
+
 // Speed and duplex on a medium. Negotiation prefers the last one that both ends have.
 enum class LinkMode : uint8_t {
     base10_t_half,

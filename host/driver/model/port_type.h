@@ -43,6 +43,12 @@ constexpr SpeedDuplex fastest_of(PortType type)
     return speed_duplex_of(modes_of(type).best());
 }
 
+// The kilobits that a port can carry in a second.
+constexpr uint32_t capacity_of(PortType type)
+{
+    return 1000 * megabits_per_second(fastest_of(type));
+}
+
 // 10GBASE-R has no negotiation.
 constexpr bool can_negotiate(PortType type)
 {

@@ -10,11 +10,9 @@ size_t index_of(StormKind kind)
     return static_cast<size_t>(kind);
 }
 
-// The kilobits that a port can carry in a second.
 uint32_t capacity_of(const Stack &stack, const LogicalPort &port)
 {
-    constexpr uint32_t gigabit = 1'000'000;
-    return port_type_of(port.port, stack.shape().ports) == PortType::sfp_plus ? 10 * gigabit : gigabit;
+    return capacity_of(port_type_of(port.port, stack.shape().ports));
 }
 
 uint32_t most(StormUnit unit, uint32_t capacity)
