@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "nicdrv/shared_record.h"
+#include "nicdrv/shared_record_fixture.h"
 
 namespace quillon::test {
 namespace {

@@ -1,5 +1,5 @@
 // The operating mode: any change from any mode, and nothing else.
-#include "nicdrv/shared_record.h"
+#include "nicdrv/shared_record_fixture.h"
 
 namespace quillon::test {
 namespace {
