@@ -7,7 +7,7 @@ void add_control_commands(ControlCommands &commands, Models &models)
     add_cable_control(commands, models.chips);
     add_learning_control(commands, models.chips);
     add_oam_control(commands, models.chips, models.oam_events);
-    add_packet_control(commands, models.chips);
+    add_packet_control(commands, models.packets, models.chips);
     add_routing_control(commands, models.chips);
 }
 

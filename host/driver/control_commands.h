@@ -12,7 +12,7 @@ void add_control_commands(ControlCommands &commands, Models &models);
 void add_cable_control(ControlCommands &commands, SharedSwitch &model);
 void add_learning_control(ControlCommands &commands, SharedSwitch &model);
 void add_oam_control(ControlCommands &commands, SharedSwitch &model, OamDelivery &delivery);
-void add_packet_control(ControlCommands &commands, SharedSwitch &model);
+void add_packet_control(ControlCommands &commands, PacketPath &path, SharedSwitch &chips);
 void add_routing_control(ControlCommands &commands, SharedSwitch &model);
 
 }  // namespace quillon::driver

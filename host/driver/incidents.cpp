@@ -29,4 +29,10 @@ void log_incident(EventLog &log, const host::Incident &incident)
                       {{"client", incident.client}, {"error", incident.text}});
 }
 
+void log_loss(EventLog &log, const host::SemaphoreLoss &loss)
+{
+    log.write_limited(Level::warning, "semaphore-recovered", {{"key", loss.key}},
+                      {{"holder", loss.holder}, {"times", loss.times}});
+}
+
 }  // namespace quillon::driver

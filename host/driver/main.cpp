@@ -7,6 +7,7 @@
 #include <exception>
 #include <thread>
 
+#include "host/driver/alarm.h"
 #include "host/driver/control_commands.h"
 #include "host/driver/control_server.h"
 #include "host/driver/dispatcher.h"
@@ -14,9 +15,11 @@
 #include "host/driver/handlers.h"
 #include "host/driver/incidents.h"
 #include "host/driver/options.h"
+#include "host/driver/packet_tasks.h"
 #include "host/driver/pid_file.h"
 #include "host/driver/termination.h"
 #include "host/platform/queue_server.h"
+#include "host/platform/shared_run.h"
 #include "nicdrv/family.h"
 #include "swdrv/family.h"
 
@@ -68,17 +71,21 @@ void serve(const Options &options)
     signal(SIGPIPE, SIG_IGN);  // whoever read the log may go
 
     EventLog log(STDERR_FILENO, options.log_level);
-    Models models(options.shape);
+    const auto folder = host::RuntimeFolder::claim();
+    host::SharedRun run(folder, packet_layout(), [&log](const host::SemaphoreLoss &loss) { log_loss(log, loss); });
+    Models models(options.shape, packet_memory(run));
     Dispatcher dispatcher(log);
     add_handlers(dispatcher, models);
     ControlCommands commands;
     add_control_commands(commands, models);
 
-    const auto folder = host::RuntimeFolder::claim();
     host::QueueServer server(folder, [&log](const host::Incident &incident) { log_incident(log, incident); });
     for (const uint32_t key : queues) {
         server.create_queue(key, [&dispatcher](host::Request &request) { return dispatcher.answer(request); });
     }
+    const ReceiveTask receive_task(run, models.packets);
+    Alarm generator_alarm([&models] { return send_generated(models.packets); });
+    models.packets.generators_changed = [&generator_alarm] { generator_alarm.set(Alarm::Clock::now()); };
     const PidFile pid_file(folder.descriptor());
     const ControlServer control(folder, commands);
     const Service service(server);

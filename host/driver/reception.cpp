@@ -1,8 +1,20 @@
 #include "host/driver/reception.h"
 
-#include <chrono>
+#include "host/driver/model/parsed_packet.h"
 
 namespace quillon::driver {
+namespace {
+
+void learn_source(Switch &chips, const LogicalPort &port, const ParsedPacket &packet)
+{
+    const bool names_vlan = packet.tag && packet.tag->vid != 0;  // a tag without one is a priority alone
+    const uint32_t vlan = names_vlan ? packet.tag->vid : chips.chips.vlans.rules(port)->pvid;
+    if (packet.source) {
+        chips.learn({.vlan = vlan, .mac = *packet.source}, port);
+    }
+}
+
+}  // namespace
 
 std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &port, std::span<const std::byte> packet)
 {
@@ -10,7 +22,8 @@ std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &
     if (!access->running_port(port)->status().link_up()) {
         return std::nullopt;
     }
-    return access->chips.rules.receive(access->chips.trunks, port, packet, std::chrono::steady_clock::now());
+    learn_source(*access, port, parse_packet(packet));
+    return access->chips.rules.receive(access->chips.trunks, port, packet, access->now());
 }
 
 }  // namespace quillon::driver

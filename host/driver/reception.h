@@ -9,8 +9,8 @@
 
 namespace quillon::driver {
 
-// The rules that are bound to the port, which exists, count the packet and say what becomes of it. Nothing when the
-// port's link is down: no packet comes in there.
+// The packet's source address is learned, and the rules that are bound to the port, which exists, count the packet and
+// say what becomes of it. Nothing when the port's link is down: no packet comes in there.
 std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &port,
                                         std::span<const std::byte> packet);
 

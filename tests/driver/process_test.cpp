@@ -70,8 +70,8 @@ TEST(DriverProcess, EndsCleanlyOnASignal)
     const TestFolder folder;
     for (const int signal : {SIGTERM, SIGINT}) {
         DriverProcess driver(folder.path(), {"--units=1", "--ports=4"});
-        EXPECT_THAT(folder.entries(),
-                    ElementsAre("control.sock", "driver.pid", "queue-24", "queue-25", "queue-52", "queue-59"));
+        EXPECT_THAT(folder.entries(), ElementsAre("control.sock", "driver.pid", "memory.sock", "queue-24", "queue-25",
+                                                  "queue-52", "queue-59"));
         EXPECT_EQ(contents_of(folder.path() + "/driver.pid"), std::to_string(driver.pid()) + "\n");
         driver.signal(signal);
         EXPECT_EQ(driver.wait(), 0);
@@ -115,7 +115,7 @@ TEST(DriverProcess, TakesOverFromOneThatWasKilled)
 {
     const TestFolder folder;
     DriverProcess(folder.path()).kill_and_wait();
-    ASSERT_THAT(folder.entries(), SizeIs(6));
+    ASSERT_THAT(folder.entries(), SizeIs(7));
     const DriverProcess next(folder.path(), {"--chips=7"});
     EXPECT_EQ(contents_of(folder.path() + "/driver.pid"), std::to_string(next.pid()) + "\n");
     const auto reply = RawQueue(folder.path(), 24).exchange(closed_bytes_of("+8 7800 0400 +16 04000000 00*4"), 24);

@@ -11,6 +11,10 @@ quillon_test(driver_tests
   driver/meter_test.cpp
   driver/mirrors_test.cpp
   driver/oam_events_test.cpp
+  driver/packet_generators_test.cpp
+  driver/packet_memory_test.cpp
+  driver/packet_path_test.cpp
+  driver/packet_receiver_test.cpp
   driver/pattern_match_test.cpp
   driver/port_status_test.cpp
   driver/priorities_test.cpp

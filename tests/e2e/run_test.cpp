@@ -87,8 +87,9 @@ TEST_F(RunTest, HasTheDriverProcessReadyInAPrivateFolder)
     const Ended ended =
         run(script("cd $QUILLON_RUNTIME_DIR && pwd && stat -c %a . && kill -0 $(cat driver.pid) && ls"));
     EXPECT_EQ(ended.status, 0);
-    EXPECT_THAT(lines_of(ended.out), ElementsAre(StartsWith(folder.path() + "/quillon-run."), "700", "control.sock",
-                                                 "driver.pid", "queue-24", "queue-25", "queue-52", "queue-59"));
+    EXPECT_THAT(lines_of(ended.out),
+                ElementsAre(StartsWith(folder.path() + "/quillon-run."), "700", "control.sock", "driver.pid",
+                            "memory.sock", "queue-24", "queue-25", "queue-52", "queue-59"));
     EXPECT_EQ(ended.err, "");
 }
 

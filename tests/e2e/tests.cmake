@@ -94,3 +94,6 @@ target_compile_definitions(e2e_address_table_tests PRIVATE
   QUILLON_ADDRESS_TABLE_USER="$<TARGET_FILE:e2e_address_table_user>")
 target_link_libraries(e2e_address_table_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
 add_dependencies(e2e_address_table_tests e2e_address_table_user)
+
+quillon_native_test(e2e_packet_tests e2e/packet_path_test.cpp)
+target_link_libraries(e2e_packet_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)

@@ -1,7 +1,7 @@
 # What is checked of the library and the headers as they are shipped.
 add_test(NAME gates_can_fail COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/gates/gates_test.py)
 
-foreach(header amtrdrv devrm nicdrv nmtrdrv platform record swdrv swdrvl3 swdrvl4 workstation)
+foreach(header amtrdrv devrm nicdrv nmtrdrv platform receive record swdrv swdrvl3 swdrvl4 workstation)
   add_test(NAME header_${header}_as_c99
     COMMAND ${Python3_EXECUTABLE} gates/check_header.py --compiler ${CMAKE_C_COMPILER} --dialect c99
       --include ${PROJECT_SOURCE_DIR}/include quillon/${header}.h
