@@ -95,5 +95,11 @@ target_compile_definitions(e2e_address_table_tests PRIVATE
 target_link_libraries(e2e_address_table_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
 add_dependencies(e2e_address_table_tests e2e_address_table_user)
 
-quillon_native_test(e2e_packet_tests e2e/packet_path_test.cpp)
+# Application processes that receive packets, and the test itself, which sends and receives as well.
+add_executable(e2e_packet_worker e2e/packet_worker.cpp)
+target_link_libraries(e2e_packet_worker PRIVATE quillon quillon_platform Threads::Threads)
+
+quillon_native_test(e2e_packet_tests e2e/packet_load_test.cpp e2e/packet_path_test.cpp)
+target_compile_definitions(e2e_packet_tests PRIVATE QUILLON_PACKET_WORKER="$<TARGET_FILE:e2e_packet_worker>")
 target_link_libraries(e2e_packet_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
+add_dependencies(e2e_packet_tests e2e_packet_worker)
