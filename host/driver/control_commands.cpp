@@ -9,6 +9,7 @@ void add_control_commands(ControlCommands &commands, Models &models)
     add_oam_control(commands, models.chips, models.oam_events);
     add_packet_control(commands, models.packets, models.chips);
     add_routing_control(commands, models.chips);
+    add_traffic_control(commands, models.chips);
 }
 
 }  // namespace quillon::driver

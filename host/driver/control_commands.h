@@ -14,5 +14,6 @@ void add_learning_control(ControlCommands &commands, SharedSwitch &model);
 void add_oam_control(ControlCommands &commands, SharedSwitch &model, OamDelivery &delivery);
 void add_packet_control(ControlCommands &commands, PacketPath &path, SharedSwitch &chips);
 void add_routing_control(ControlCommands &commands, SharedSwitch &model);
+void add_traffic_control(ControlCommands &commands, SharedSwitch &model);
 
 }  // namespace quillon::driver

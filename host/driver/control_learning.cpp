@@ -52,6 +52,7 @@ std::string learn(Switch &chips, ControlCommands::Arguments arguments)
     }
     for (uint32_t i = 0; i < count; ++i) {
         const MacKey key = {.vlan = vlan, .mac = mac_of(first + i)};
+        chips.chips.traffic.find(port)->receive({.kind = FrameKind::unicast, .size = shortest_frame});
         if (!chips.learn(key, port)) {
             const bool never = is_multicast(key.mac) || chips.macs().find(key) != nullptr;
             throw ControlError(

@@ -14,6 +14,9 @@ void add_handlers(Dispatcher &dispatcher, Models &models)
     add_nicdrv_packet_generator(dispatcher, models.packets, models.chips);
     add_nicdrv_receive(dispatcher, models.packets);
     add_nicdrv_transmit(dispatcher, models.packets, models.chips);
+    add_nmtrdrv_ability(dispatcher, models.chips);
+    add_nmtrdrv_clearing(dispatcher, models.chips);
+    add_nmtrdrv_statistics(dispatcher, models.chips);
     add_swdrv_mapping(dispatcher, models.chips);
     add_swdrv_port_config(dispatcher, models.chips);
     add_swdrv_spanning_tree(dispatcher, models.chips);

@@ -21,6 +21,11 @@ void add_amtrdrv_learning(Dispatcher &dispatcher, SharedSwitch &model);
 void add_nicdrv_packet_generator(Dispatcher &dispatcher, PacketPath &path, SharedSwitch &chips);
 void add_nicdrv_receive(Dispatcher &dispatcher, PacketPath &path);
 void add_nicdrv_transmit(Dispatcher &dispatcher, PacketPath &path, SharedSwitch &chips);
+
+void add_nmtrdrv_ability(Dispatcher &dispatcher, SharedSwitch &model);
+void add_nmtrdrv_clearing(Dispatcher &dispatcher, SharedSwitch &model);
+void add_nmtrdrv_statistics(Dispatcher &dispatcher, SharedSwitch &model);
+
 void add_swdrv_mapping(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_port_config(Dispatcher &dispatcher, SharedSwitch &model);
 void add_swdrv_spanning_tree(Dispatcher &dispatcher, SharedSwitch &model);

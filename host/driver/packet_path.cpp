@@ -13,6 +13,16 @@ bool is_for_cpu(const Treatment &treatment)
     return treatment.copy_to_cpu || (!treatment.drop && !treatment.redirect);
 }
 
+// The port, if it is one, counts the packet as sent when its link is up.
+void count_sent(SharedSwitch &chips, const SentPacket &packet)
+{
+    const auto access = chips.lock();
+    const auto port = access->running_port(packet.port);
+    if (port && port->status().link_up()) {
+        access->chips.traffic.find(packet.port)->send(frame_of(packet.bytes));
+    }
+}
+
 }  // namespace
 
 Arrival PacketPath::receive(const ReceivedPacket &packet, uint32_t copies)
@@ -47,6 +57,7 @@ void PacketPath::send(const SentPacket &packet)
         access->bytes += packet.bytes.size();
         loop_back = access->loop_back;
     }
+    count_sent(chips_, packet);
     if (loop_back) {
         receive({.port = packet.port, .cookie = packet.class_of_service, .cpu_code = 0, .bytes = packet.bytes});
     }

@@ -23,7 +23,13 @@ std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &
         return std::nullopt;
     }
     learn_source(*access, port, parse_packet(packet));
-    return access->chips.rules.receive(access->chips.trunks, port, packet, access->now());
+    PortTraffic &traffic = *access->chips.traffic.find(port);
+    traffic.receive(frame_of(packet));
+    const Treatment treatment = access->chips.rules.receive(access->chips.trunks, port, packet, access->now());
+    if (treatment.drop) {
+        traffic.discard();
+    }
+    return treatment;
 }
 
 }  // namespace quillon::driver

@@ -9,8 +9,8 @@
 
 namespace quillon::driver {
 
-// The packet's source address is learned, and the rules that are bound to the port, which exists, count the packet and
-// say what becomes of it. Nothing when the port's link is down: no packet comes in there.
+// The port, which exists, counts the packet and learns its source address; the rules that are bound to it count it too
+// and say what becomes of it. Nothing when the port's link is down: no packet comes in there.
 std::optional<Treatment> receive_packet(SharedSwitch &model, const LogicalPort &port,
                                         std::span<const std::byte> packet);
 

@@ -10,6 +10,7 @@ quillon_test(driver_tests
   driver/mac_table_test.cpp
   driver/meter_test.cpp
   driver/mirrors_test.cpp
+  driver/nmtrdrv_test.cpp
   driver/oam_events_test.cpp
   driver/packet_generators_test.cpp
   driver/packet_memory_test.cpp

@@ -103,3 +103,6 @@ quillon_native_test(e2e_packet_tests e2e/packet_load_test.cpp e2e/packet_path_te
 target_compile_definitions(e2e_packet_tests PRIVATE QUILLON_PACKET_WORKER="$<TARGET_FILE:e2e_packet_worker>")
 target_link_libraries(e2e_packet_tests PRIVATE e2e_support quillon quillon_platform GTest::gmock)
 add_dependencies(e2e_packet_tests e2e_packet_worker)
+
+quillon_native_test(e2e_counter_tests e2e/counters_test.cpp)
+target_link_libraries(e2e_counter_tests PRIVATE e2e_support quillon quillon_platform)

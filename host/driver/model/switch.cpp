@@ -34,7 +34,8 @@ ChipState::ChipState(const Stack &stack)
       routes(stack),
       ip_multicast(stack),
       rules(stack),
-      macs(stack)
+      macs(stack),
+      traffic(stack)
 {
 }
 

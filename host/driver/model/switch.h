@@ -24,6 +24,7 @@
 #include "host/driver/model/per_port.h"
 #include "host/driver/model/phy.h"
 #include "host/driver/model/poe_controller.h"
+#include "host/driver/model/port_counters.h"
 #include "host/driver/model/port_learning.h"
 #include "host/driver/model/port_overrides.h"
 #include "host/driver/model/port_settings.h"
@@ -80,6 +81,7 @@ struct ChipState {
     IpMulticast ip_multicast;
     Rules rules;
     MacTable macs;
+    PerPort<PortTraffic> traffic;
 };
 
 class Switch {
