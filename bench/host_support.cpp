@@ -1,8 +1,11 @@
 #include "bench/host_support.h"
 
 #include <sched.h>
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -67,6 +70,44 @@ RunFolder::RunFolder()
 RunFolder::~RunFolder()
 {
     std::filesystem::remove_all(path_);
+}
+
+DriverProcess::DriverProcess(int cpu, std::vector<std::string> options)
+{
+    int ready[2];
+    if (pipe(ready) != 0) {
+        give_up("pipe");
+    }
+    options.insert(options.begin(), QUILLON_DRIVER);
+    options.push_back("--log-level=warning");
+    options.push_back("--ready-fd=" + std::to_string(ready[1]));
+    std::vector<char *> arguments;
+    for (std::string &option : options) {
+        arguments.push_back(option.data());
+    }
+    arguments.push_back(nullptr);
+    process_ = fork();
+    if (process_ < 0) {
+        give_up("fork");
+    }
+    if (process_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        run_on(cpu);
+        execv(QUILLON_DRIVER, arguments.data());
+        give_up(QUILLON_DRIVER);
+    }
+    close(ready[1]);
+    char letter;
+    if (read(ready[0], &letter, 1) != 1) {
+        give_up("the driver process does not get ready");
+    }
+    close(ready[0]);
+}
+
+DriverProcess::~DriverProcess()
+{
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
 }
 
 void MedianReporter::ReportRuns(const std::vector<Run> &runs)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <sys/types.h>
 
 #include <array>
 #include <map>
@@ -28,6 +29,18 @@ class RunFolder {
 
   private:
     std::string path_;
+};
+
+// quillon-driver in the run-time folder, ready to serve.
+class DriverProcess {
+  public:
+    DriverProcess(int cpu, std::vector<std::string> options);
+    ~DriverProcess();
+    DriverProcess(const DriverProcess &) = delete;
+    DriverProcess &operator=(const DriverProcess &) = delete;
+
+  private:
+    pid_t process_;
 };
 
 // Keeps the medians for the comparisons at the end.

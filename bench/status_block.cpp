@@ -4,12 +4,8 @@
 //
 // Prints the medians over the repetitions and what they are to each other.
 #include <benchmark/benchmark.h>
-#include <signal.h>
 #include <stdint.h>
 #include <stdio.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <string>
 #include <vector>
@@ -23,51 +19,10 @@ using namespace quillon::bench;
 
 constexpr uint32_t kUnit = 1;
 
-// quillon-driver with units of so many ports, ready to serve.
-class DriverProcess {
-  public:
-    DriverProcess(int cpu, uint32_t ports)
-    {
-        int ready[2];
-        if (pipe(ready) != 0) {
-            give_up("pipe");
-        }
-        process_ = fork();
-        if (process_ < 0) {
-            give_up("fork");
-        }
-        if (process_ == 0) {
-            prctl(PR_SET_PDEATHSIG, SIGKILL);
-            run_on(cpu);
-            const std::string ports_option = "--ports=" + std::to_string(ports);
-            const std::string ready_option = "--ready-fd=" + std::to_string(ready[1]);
-            execl(QUILLON_DRIVER, QUILLON_DRIVER, ports_option.c_str(), ready_option.c_str(), "--log-level=warning",
-                  nullptr);
-            give_up(QUILLON_DRIVER);
-        }
-        close(ready[1]);
-        char letter;
-        if (read(ready[0], &letter, 1) != 1) {
-            give_up("the driver process does not get ready");
-        }
-        close(ready[0]);
-    }
-    ~DriverProcess()
-    {
-        kill(process_, SIGTERM);
-        waitpid(process_, nullptr, 0);
-    }
-    DriverProcess(const DriverProcess &) = delete;
-    DriverProcess &operator=(const DriverProcess &) = delete;
-
-  private:
-    pid_t process_;
-};
-
 template <typename Call>
 void call_in_a_loop(benchmark::State &state, uint32_t ports, int own_cpu, int driver_cpu, Call call)
 {
-    const DriverProcess driver(driver_cpu, ports);
+    const DriverProcess driver(driver_cpu, {"--ports=" + std::to_string(ports)});
     run_on(own_cpu);
     DEV_SWDRV_PMGR_InitiateProcessResource();
     for (auto _ : state) {

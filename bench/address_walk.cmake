@@ -1,0 +1,2 @@
+add_executable(address_walk address_walk.cpp)
+target_link_libraries(address_walk PRIVATE host_support quillon quillon_platform)
