@@ -3,6 +3,7 @@
 
 import argparse
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -186,6 +187,51 @@ class IdentityTest(GateTest):
 
     def test_fails_without_its_tool(self):
         self.fail_check(["readelf is missing"], "check_identity.py", "--library", self.build(), PATH=self.folder)
+
+
+class AbiTest(GateTest):
+    RECORD = "struct port { unsigned unit; unsigned short port; };\n"
+    FUNCTION = "unsigned ask(const struct port *port, unsigned char flag);\n"
+
+    def library(self, record=RECORD, function=FUNCTION, options=("-g", "-nostdlib")):
+        self.write("quillon/client.h", record + function)
+        return self.build('#include "quillon/client.h"\n' + function.rstrip(";\n") + " { return port->unit + flag; }\n",
+                          options=options)
+
+    def arguments(self, library):
+        return ("check_abi.py", "--library", library, "--headers", self.path("quillon"),
+                "--baseline", self.path("baseline.abi"))
+
+    def setUp(self):
+        super().setUp()
+        self.pass_check(*self.arguments(self.library()), "--update")
+
+    def test_passes_what_is_as_it_was(self):
+        self.pass_check(*self.arguments(self.library()))
+
+    def test_finds_a_record_that_changed(self):
+        library = self.library(record=self.RECORD.replace("short port", "char port"))
+        self.fail_check(["binary interface has changed", "port"], *self.arguments(library))
+
+    def test_finds_an_argument_that_changed(self):
+        library = self.library(function=self.FUNCTION.replace("unsigned char flag", "unsigned flag"))
+        self.fail_check(["binary interface has changed", "unsigned char"], *self.arguments(library))
+
+    def test_finds_a_function_that_is_gone(self):
+        library = self.library(function=self.FUNCTION.replace("ask", "asks"))
+        self.fail_check(["binary interface has changed", "'function unsigned int ask("], *self.arguments(library))
+
+    def test_fails_without_debug_information(self):
+        self.fail_check(["nothing was checked"], *self.arguments(self.library(options=("-nostdlib",))))
+
+    def test_fails_without_a_baseline(self):
+        library = self.library()
+        os.remove(self.path("baseline.abi"))
+        self.fail_check(["baseline.abi is missing, so nothing was checked"], *self.arguments(library))
+
+    def test_fails_without_its_tool(self):
+        os.symlink(shutil.which("readelf"), self.path("readelf"))
+        self.fail_check(["abidiff is missing"], *self.arguments(self.library()), PATH=self.folder)
 
 
 class TargetTest(GateTest):

@@ -26,6 +26,13 @@ if(NOT QUILLON_SANITIZE)
   add_test(NAME library_identity
     COMMAND ${Python3_EXECUTABLE} gates/check_identity.py --library $<TARGET_FILE:quillon>
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  # The baseline is of this compiler's debug information.
+  if(CMAKE_BUILD_TYPE STREQUAL Debug AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_CROSSCOMPILING)
+    add_test(NAME library_abi
+      COMMAND ${Python3_EXECUTABLE} gates/check_abi.py --library $<TARGET_FILE:quillon>
+        --headers ${PROJECT_SOURCE_DIR}/include/quillon --baseline gates/libquillon.abi
+      WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL aarch64)
     add_test(NAME library_fits_the_target
       COMMAND ${Python3_EXECUTABLE} gates/check_target.py --library $<TARGET_FILE:quillon> --strip ${CMAKE_STRIP}
