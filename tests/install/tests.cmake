@@ -6,4 +6,7 @@ if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT CMAKE_CROSSCOMPILING)
   add_test(NAME installed_and_packed
     COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/install/install_test.py
       --build ${PROJECT_BINARY_DIR} --architecture ${CMAKE_LIBRARY_ARCHITECTURE})
+  # It builds the repository anew.
+  add_test(NAME first_request_guide
+    COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/docs/first_request_test.py)
 endif()
