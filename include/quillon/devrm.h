@@ -12,8 +12,8 @@
  * - It returns 1 when the driver process did what was asked and 0 when it refused.
  * - Outputs are written only when the result is not 0. They are not tested for null.
  * - When the exchange fails (no driver process, or it died), the function prints a failure report on standard output,
- * runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0. In this family the
- * report leaves the function's name out: its first line begins with "() line ".
+ *   runs "cat /proc/<task>/ustack" to dump the calling task's stack, writes no output and returns 0. In this family the
+ *   report leaves the function's name out: its first line begins with "() line ".
  * - Arguments are not tested here: the driver process refuses what it does not know.
  * - Any thread may call it once DEVRM_PMGR_InitiateProcessResource has run.
  *
@@ -344,13 +344,13 @@ typedef int (*RulePatternPrintFunc)(const char *format, ...) __attribute__((form
  * Prints `pattern`, one line for the value and one for the mask of each field whose flag is set in `qualifyFlags`, in
  * a block of its own, each line ending in CR LF. With `indent` 2:
  *
- *   +-o pattern
- *       {
- *         patt.ethType = 0x0800
- *         mask.ethType = 0xFFFF
- *         patt.sip = 0x0A000001(10.0.0.1)
- *         mask.sip = 0xFFFFFF00(255.255.255.0)
- *       }
+ *     +-o pattern
+ *         {
+ *           patt.ethType = 0x0800
+ *           mask.ethType = 0xFFFF
+ *           patt.sip = 0x0A000001(10.0.0.1)
+ *           mask.sip = 0xFFFFFF00(255.255.255.0)
+ *         }
  *
  * `pattern` may be null; "nil" then stands in place of the fields. `indent` is the number of spaces before the first
  * line; the others stand 4 and 6 further in. It must leave room for that in an int, the width that printf takes.

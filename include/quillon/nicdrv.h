@@ -35,15 +35,16 @@ extern "C" {
 #pragma pack(push, 1)
 
 /*
- * Statistics of the receive path and of its memory. They are laid out and counted by the driver process.
+ * Statistics of the receive path. They are laid out and counted by the driver process.
  *
- * The records are packed: their numbers may be read by name, but no pointer to one of them may be taken.
+ * The record is packed: its numbers may be read by name, but no pointer to one of them may be taken.
  */
 typedef struct NicRxSummary {
     uint64_t values[4];
     uint32_t last_value;
 } NicRxSummary;
 
+/* Statistics of the packet memory, otherwise as NicRxSummary. */
 typedef struct NicMemStatus {
     uint64_t values[3];
     uint32_t last_value;
@@ -51,6 +52,7 @@ typedef struct NicMemStatus {
 
 #pragma pack(pop)
 
+/* Statistics of the receive path by priority. They are laid out and counted by the driver process. */
 typedef struct NicPriInfo {
     uint8_t bytes[1488];
 } NicPriInfo;
@@ -125,13 +127,16 @@ uint8_t DEV_NICDRV_OM_InitateProcessResource(void);
  */
 uint32_t DEV_NICDRV_OM_GetOperatingMode(void);
 
-/*
- * Each of these sets the mode, whatever it was, and does nothing else: to transition, by two names, to master, to
- * slave.
- */
+/* Sets the mode to transition, whatever it was, and does nothing else. */
 void DEV_NICDRV_OM_SetTransitionMode(void);
+
+/* As DEV_NICDRV_OM_SetTransitionMode, by another name. */
 void DEV_NICDRV_OM_EnterTransitionMode(void);
+
+/* Sets the mode to master, whatever it was, and does nothing else. */
 void DEV_NICDRV_OM_EnterMasterMode(void);
+
+/* Sets the mode to slave, whatever it was, and does nothing else. */
 void DEV_NICDRV_OM_EnterSlaveMode(void);
 
 /* ---- Received buffers on loan ---- */
@@ -163,11 +168,16 @@ void DEV_NICDRV_OM_SetFreeFunc(NicFreeFunc free_func);
 uint8_t DEV_NICDRV_MREF_MemFree(void *ignored, uint32_t cookie, void *buffer);
 
 /*
- * Moves a buffer from those on loan to those that are held until the other fragments of its datagram have come, and
- * back before it is freed. Nothing is sent or freed, and the receive task is not told. `cookie` is 0 to 9, which is not
- * tested: any other one damages the record.
+ * Moves a buffer from those on loan to those that are held until the other fragments of its datagram have come. Nothing
+ * is sent or freed, and the receive task is not told. `cookie` is 0 to 9. A debug build of the library stops at any
+ * other one; a release build damages the record.
  */
 void DEV_NICDRV_ReserveFragmentBuffer(uint32_t cookie);
+
+/*
+ * Moves a buffer back that DEV_NICDRV_ReserveFragmentBuffer moved, before it is freed. What is said there of the rest
+ * and of `cookie` holds here.
+ */
 void DEV_NICDRV_ReleaseFragmentBuffer(uint32_t cookie);
 
 /* ---- Transmit ---- */

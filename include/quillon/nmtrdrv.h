@@ -25,25 +25,29 @@ extern "C" {
 #endif
 
 /*
- * The statistics of one port, one record for each kind. The driver process lays the counters out; replies carry the
- * bytes unchanged.
+ * The interface table statistics of one port. The driver process lays the counters out, here and in the records below;
+ * replies carry the bytes unchanged.
  */
 typedef struct IfTableStats {
     uint8_t bytes[96];
 } IfTableStats;
 
+/* The extended interface table statistics of one port. */
 typedef struct IfXTableStats {
     uint8_t bytes[104];
 } IfXTableStats;
 
+/* The RMON statistics of one port. */
 typedef struct RmonStats {
     uint8_t bytes[136];
 } RmonStats;
 
+/* The Ethernet-like statistics of one port. */
 typedef struct EtherLikeStats {
     uint8_t bytes[120];
 } EtherLikeStats;
 
+/* The pause statistics of one port as an Ethernet-like interface. */
 typedef struct EtherLikePause {
     uint8_t bytes[24];
 } EtherLikePause;
@@ -80,7 +84,7 @@ void DEV_NMTRDRV_PMGR_InitiateProcessResource(void);
 /* ---- Clearing ---- */
 
 /*
- * Clears the counters of port `port` of unit `unit`.
+ * Clears the counters of port `port` of the stack's unit `unit`.
  */
 uint8_t DEV_NMTRDRV_PMGR_ClearPortCounter(uint32_t unit, uint32_t port);
 

@@ -15,15 +15,14 @@ extern "C" {
 
 #pragma GCC visibility push(default)
 
-/*
- * What the two queue functions below and the debug console's registration return. Only QUILLON_STATUS_OK has a meaning
- * everywhere: the other values are those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other
- * platforms have their own.
- * What the functions on queues, semaphores and events return. Only QUILLON_STATUS_OK has a meaning everywhere: the
- * other values are those of libquillon-platform.so.0 (a failure report prints them as `rc`), and other platforms have
- * their own.
+/* ---- Status values ----
+ *
+ * What the functions on queues, semaphores and events and the debug console's registration return. Only
+ * QUILLON_STATUS_OK has a meaning everywhere: the other values are those of libquillon-platform.so.0 (a failure report
+ * prints them as `rc`), and other platforms have their own.
  */
-#define QUILLON_STATUS_OK UINT32_C(0)
+
+#define QUILLON_STATUS_OK UINT32_C(0)               /* it was done */
 #define QUILLON_STATUS_NO_DRIVER UINT32_C(1)        /* nobody serves the queue; nothing was sent */
 #define QUILLON_STATUS_DRIVER_DIED UINT32_C(2)      /* the driver process ended or closed the queue during the call */
 #define QUILLON_STATUS_BAD_HANDLE UINT32_C(3)       /* not a handle of SYSFUN_GetMsgQ, for example null */
@@ -39,11 +38,13 @@ extern "C" {
 #define QUILLON_STATUS_SYSTEM_ERROR UINT32_C(13)    /* the kernel refused what should not fail, as without memory */
 #define QUILLON_STATUS_TOO_MANY_SUBSYSTEMS UINT32_C(14) /* the debug console has 16 subsystems */
 #define QUILLON_STATUS_RECOVERED UINT32_C(15)           /* the semaphore was taken; the task that held it has died */
-#define QUILLON_STATUS_NO_SUCH_SEMAPHORE UINT32_C(16)
+#define QUILLON_STATUS_NO_SUCH_SEMAPHORE UINT32_C(16)   /* there is no semaphore of that key */
 #define QUILLON_STATUS_ALREADY_HELD UINT32_C(17) /* the calling task holds the semaphore: it would wait for itself */
 #define QUILLON_STATUS_NOT_HELD UINT32_C(18)     /* the calling task does not hold the semaphore */
 #define QUILLON_STATUS_NO_SUCH_TASK UINT32_C(19) /* no task of that id receives events */
 #define QUILLON_STATUS_OTHER_LAYOUT UINT32_C(20) /* the driver process that came back shares other memory */
+
+/* ---- Message queues ---- */
 
 /* `wait_time` of a call that waits for as long as it takes. */
 #define QUILLON_WAIT_FOREVER UINT32_C(0xFFFFFFFF)
@@ -57,9 +58,8 @@ extern "C" {
  * On a workstation a handle stands for a key and not for a connection: the same key gives the same handle, it is never
  * freed, and it is stored also when nobody serves the queue yet (QUILLON_STATUS_NO_DRIVER), so that calls on it succeed
  * as soon as a driver process is there, and again when it was restarted. A process uses at most 64 different keys; past
- * them
- * `*handle` is null (QUILLON_STATUS_TOO_MANY_QUEUES). `mode` is not used. The run-time folder is looked up once, by the
- * first call of a process that finds it.
+ * them `*handle` is null (QUILLON_STATUS_TOO_MANY_QUEUES). `mode` is not used. The run-time folder is looked up once,
+ * by the first call of a process that finds it.
  */
 uint32_t SYSFUN_GetMsgQ(uint32_t key, uint32_t mode, void **handle);
 
@@ -154,8 +154,8 @@ uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events);
  */
 void *SYSRSC_MGR_GetShMem(uint32_t segment_id);
 
-/*
- * The IPC memory holds packets: received ones in the area of the receive buffers, those to send in the transmit area.
+/* ---- IPC memory ----
+ * It holds packets: received ones in the area of the receive buffers, those to send in the transmit area.
  * Every process has it at addresses of its own, and refers to a place in it by an offset. On a workstation it is kept
  * over restarts of the driver process as segments are; what was in it is lost.
  */

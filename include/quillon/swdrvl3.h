@@ -286,9 +286,9 @@ uint8_t DEV_SWDRVL3_PMGR_DeleteInetHostTunnelRoute(void);
  * cannot be told from an answer by the value alone; DEV_SWDRVL3_PMGR_l3mc_entry_stat alone differs.
  *
  * Requests on an entry name it by four arguments:
- *   arg1, arg2   numbers, passed to the driver process as they are
- *   group        its group address, 16 bytes
- *   source       its source address, 16 bytes
+ * - `arg1` and `arg2`: numbers, which are passed to the driver process as they are;
+ * - `group` and `source`: point to its group address and its source address, 16 bytes each.
+ *
  * The addresses are IPv4 or IPv6; how an IPv4 address stands in the 16 bytes is the driver process's to say.
  */
 
