@@ -8,23 +8,18 @@
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
-#include <time.h>
 
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "e2e/support/monotonic_clock.h"
 #include "quillon/platform.h"
 #include "quillon/swdrv.h"
 
 namespace {
 
-int64_t now()
-{
-    timespec time;
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
-}
+using quillon::test::monotonic_now;
 
 thread_local int64_t failed_at;
 
@@ -33,7 +28,7 @@ void call_once()
     failed_at = 0;
     printf("calling %u\n", SYSFUN_TaskIdSelf());
     const unsigned result = DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber();
-    printf("returned %u at %lld\n", result, static_cast<long long>(failed_at != 0 ? failed_at : now()));
+    printf("returned %u at %lld\n", result, static_cast<long long>(failed_at != 0 ? failed_at : monotonic_now()));
 }
 
 }  // namespace
@@ -41,7 +36,7 @@ void call_once()
 // In place of the C library's: a process for each dump says nothing more, and takes its time.
 extern "C" [[gnu::visibility("default")]] int system(const char *command)
 {
-    failed_at = now();
+    failed_at = monotonic_now();
     printf("dumped %s\n", command);
     return 0;
 }

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <time.h>
 
 #include <algorithm>
 #include <deque>
@@ -13,6 +12,7 @@
 
 #include "e2e/support/client_process.h"
 #include "e2e/support/driver_process.h"
+#include "e2e/support/monotonic_clock.h"
 #include "e2e/support/observe.h"
 
 namespace quillon::test {
@@ -26,13 +26,6 @@ using testing::SizeIs;
 auto all_return(int calls, unsigned result)
 {
     return AllOf(SizeIs(static_cast<size_t>(calls)), Each(Field(&Return::result, result)));
-}
-
-int64_t monotonic_now()
-{
-    timespec time;
-    clock_gettime(CLOCK_MONOTONIC, &time);
-    return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
 constexpr int threads = 8;

@@ -18,6 +18,7 @@ add_dependencies(e2e_support quillon_ctl quillon_driver quillon_run)
 
 # An application process. It has a system() of its own, to which libquillon binds.
 add_executable(e2e_client e2e/client.cpp)
+target_include_directories(e2e_client PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_link_libraries(e2e_client PRIVATE quillon quillon_platform Threads::Threads)
 set_target_properties(e2e_client PROPERTIES ENABLE_EXPORTS ON)
 
@@ -106,3 +107,14 @@ add_dependencies(e2e_packet_tests e2e_packet_worker)
 
 quillon_native_test(e2e_counter_tests e2e/counters_test.cpp)
 target_link_libraries(e2e_counter_tests PRIVATE e2e_support quillon quillon_platform)
+
+# Application processes under whose load the driver process is killed.
+add_executable(e2e_soak_client e2e/soak_client.cpp)
+target_include_directories(e2e_soak_client PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+target_link_libraries(e2e_soak_client PRIVATE quillon quillon_platform Threads::Threads)
+set_target_properties(e2e_soak_client PROPERTIES ENABLE_EXPORTS ON)
+
+quillon_native_test(e2e_soak_tests e2e/soak_test.cpp)
+target_compile_definitions(e2e_soak_tests PRIVATE QUILLON_SOAK_CLIENT="$<TARGET_FILE:e2e_soak_client>")
+target_link_libraries(e2e_soak_tests PRIVATE e2e_support)
+add_dependencies(e2e_soak_tests e2e_soak_client)
