@@ -271,7 +271,7 @@ TEST_F(PacketPathTest, TimesOutWithoutTakingAPacket)
     QuillonReceivedPacket packet;
     uint32_t count = 0;
     EXPECT_EQ(quillon_receive_packets(&packet, 1, 1, &count), QUILLON_STATUS_TIMED_OUT);
-    EXPECT_EQ(quillon_receive_packets(&packet, 0, 1, &count), QUILLON_STATUS_BAD_ARGUMENT);
+    EXPECT_EQ(quillon_receive_packets(&packet, 0, QUILLON_WAIT_FOREVER, &count), QUILLON_STATUS_BAD_ARGUMENT);
     EXPECT_EQ(count, 0U);
     inject(1);
     EXPECT_EQ(give_back(receive(1).at(0)), 1);
