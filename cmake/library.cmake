@@ -30,3 +30,8 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL aarch64)
     -fno-align-functions -fno-align-jumps -fno-align-loops)
   target_link_options(quillon PRIVATE -Wl,-z,norelro)
 endif()
+
+if(QUILLON_COVERAGE)
+  target_compile_options(quillon PRIVATE -O0 --coverage)
+  target_link_options(quillon PRIVATE --coverage)
+endif()
