@@ -61,7 +61,7 @@ Looped looped(const QuillonReceivedPacket &packet)
         EXPECT_EQ(bytes[tag && i >= 12 ? i + 4 : i], i);
     }
     return {packet.unit, packet.port, packet.cookie,
-            tag ? uint32_t{bytes[12]} << 24 | bytes[13] << 16 | bytes[14] << 8 | bytes[15] : 0};
+            tag ? uint32_t{bytes[12]} << 24 | uint32_t{bytes[13]} << 16 | uint32_t{bytes[14]} << 8 | bytes[15] : 0};
 }
 
 TEST_F(PacketPathTest, LoopsBackWhatIsSent)

@@ -113,7 +113,7 @@ struct Progress {
 bool is_alone_all_along(Progress &progress, size_t thread)
 {
     auto *const segment = static_cast<volatile uint8_t *>(SYSRSC_MGR_GetShMem(kSegment));
-    const auto own = static_cast<uint8_t>(getpid() * Progress::kThreads + thread + 1);
+    const auto own = static_cast<uint8_t>(static_cast<size_t>(getpid()) * Progress::kThreads + thread + 1);
     bool alone = true;
     while (alone && !progress.stop) {
         alone = take() == QUILLON_STATUS_OK && segment[1] == 0;
@@ -222,11 +222,11 @@ TEST(SharedRunOffer, IsCheckedBeforeItIsMapped)
         {"too many segments", host::kSizeSeals, [](auto &offer) { offer.map.segment_count = 17; }, false},
         {"an area outside", host::kSizeSeals, [](auto &offer) { offer.map.transmit_area = UINT32_MAX; }, false},
     };
-    for (const auto &[what, seals, change, taken] : cases) {
+    for (const auto &one : cases) {
         constexpr size_t kSize = 16384;
         const host::Descriptor memory(memfd_create("test", MFD_ALLOW_SEALING));
         ASSERT_EQ(ftruncate(memory.number(), kSize), 0);
-        ASSERT_EQ(fcntl(memory.number(), F_ADD_SEALS, seals), 0);
+        ASSERT_EQ(fcntl(memory.number(), F_ADD_SEALS, one.seals), 0);
         const host::Descriptor listener =
             host::listening_socket(host::memory_address(runtime_folder().c_str(), host::SocketName::unready),
                                    host::memory_address(runtime_folder().c_str()));
@@ -242,11 +242,11 @@ TEST(SharedRunOffer, IsCheckedBeforeItIsMapped)
             host::RunOffer offer = {.run = 1, .client = client.pid()};
             offer.map = {.size = kSize, .ipc_memory = 12288, .receive_area = 4096, .segment_count = 1};
             offer.map.segments[0] = {.id = kSegment, .size = 496, .offset = 8192};
-            change(offer);
+            one.change(offer);
             EXPECT_TRUE(host::send_offer(connection.number(), offer, memory.number()));
             return true;
         }));
-        EXPECT_EQ(client.wait(), taken ? 0 : 1) << what;
+        EXPECT_EQ(client.wait(), one.taken ? 0 : 1) << one.what;
     }
     unlink(host::memory_address(runtime_folder().c_str()).sun_path);
 }
