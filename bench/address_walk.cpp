@@ -66,46 +66,35 @@ void walk_in_a_loop(benchmark::State &state, uint32_t (*walk)(), int own_cpu, in
     run_on(kAnyCpu);
 }
 
-void add(const std::string &name, uint32_t (*walk)(), int own_cpu, int driver_cpu)
+void add(const std::string &name, uint32_t (*walk)(), const Place &place)
 {
     constexpr int kRepetitions = 9;
-    benchmark::RegisterBenchmark(name.c_str(), walk_in_a_loop, walk, own_cpu, driver_cpu)
+    benchmark::RegisterBenchmark((name + place.name).c_str(), walk_in_a_loop, walk, place.own_cpu, place.driver_cpu)
         ->Repetitions(kRepetitions)
         ->ReportAggregatesOnly()
         ->MinTime(0.1)
         ->UseRealTime();
 }
 
+void add_all()
+{
+    for (const Place &place : places()) {
+        add("singly/", walk_singly, place);
+        add("by_batches/", walk_by_batches, place);
+    }
+}
+
+void compare(const MedianReporter &reporter)
+{
+    for (const Place &place : places()) {
+        reporter.compare_times(("singly, " + place.name).c_str(), "singly/" + place.name, "by batches",
+                               "by_batches/" + place.name, "at least 20");
+    }
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
 {
-    // Whatever else slows the machine down meanwhile slows both of a pair down. Options of the command line come later
-    // and win.
-    char interleaved[] = "--benchmark_enable_random_interleaving=true";
-    std::vector<char *> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, interleaved);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
-        return 1;
-    }
-    const RunFolder folder;
-    const auto [first, second] = usable_cpus();
-    std::vector<std::string> places = {"one_cpu"};
-    if (second != kAnyCpu) {
-        places.push_back("two_cpus");
-    }
-    for (const std::string &place : places) {
-        const int driver_cpu = place == "one_cpu" ? first : second;
-        add("singly/" + place, walk_singly, first, driver_cpu);
-        add("by_batches/" + place, walk_by_batches, first, driver_cpu);
-    }
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    for (const std::string &place : places) {
-        reporter.compare_times(("singly, " + place).c_str(), "singly/" + place, "by batches", "by_batches/" + place,
-                               "at least 20");
-    }
-    return 0;
+    return run_in_turns(argc, argv, add_all, compare);
 }

@@ -58,6 +58,16 @@ void run_on(int cpu)
     }
 }
 
+std::vector<Place> places()
+{
+    const auto [first, second] = usable_cpus();
+    std::vector<Place> all = {{"one_cpu", first, first}};
+    if (second != kAnyCpu) {
+        all.push_back({"two_cpus", first, second});
+    }
+    return all;
+}
+
 RunFolder::RunFolder()
 {
     char name[] = "/tmp/quillon-bench-XXXXXX";
@@ -137,6 +147,26 @@ void MedianReporter::compare_times(const char *what, const std::string &name, co
         printf("%s: %.2f us, %s %.2f us, ratio %.2f (aim: %s)\n", what, own->nanoseconds / 1000, beside_is,
                other->nanoseconds / 1000, own->nanoseconds / other->nanoseconds, aim);
     }
+}
+
+int run_in_turns(int argc, char **argv, const std::function<void()> &add,
+                 const std::function<void(const MedianReporter &)> &compare)
+{
+    // Options of the command line come later and win.
+    char interleaved[] = "--benchmark_enable_random_interleaving=true";
+    std::vector<char *> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1, interleaved);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
+        return 1;
+    }
+    const RunFolder folder;
+    add();
+    MedianReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    compare(reporter);
+    return 0;
 }
 
 }  // namespace quillon::bench

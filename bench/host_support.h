@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,6 +19,16 @@ inline constexpr int kAnyCpu = -1;
 // The first and the second of the CPUs that this process may use; kAnyCpu where there is none.
 std::array<int, 2> usable_cpus();
 void run_on(int cpu);
+
+// The CPUs of a benchmark's process and of its driver process.
+struct Place {
+    std::string name;
+    int own_cpu;
+    int driver_cpu;
+};
+
+// Both on one CPU and, where there are two, on one CPU each.
+std::vector<Place> places();
 
 // A new one, in which the processes of this benchmark meet.
 class RunFolder {
@@ -63,5 +74,10 @@ class MedianReporter : public benchmark::ConsoleReporter {
   private:
     std::map<std::string, Median> medians_;
 };
+
+// A benchmark whose parts are to be compared: runs what `add` registers in a run-time folder of its own, and hands the
+// medians to `compare`. The parts take turns: whatever else slows the machine down meanwhile slows all of them down.
+int run_in_turns(int argc, char **argv, const std::function<void()> &add,
+                 const std::function<void(const MedianReporter &)> &compare);
 
 }  // namespace quillon::bench

@@ -130,11 +130,11 @@ void semaphore(benchmark::State &state, int own_cpu, int driver_cpu)
     run_on(kAnyCpu);
 }
 
-void add(const std::string &place, int own_cpu, int driver_cpu)
+void add(const Place &place)
 {
     constexpr int kRepetitions = 15;
     const auto add_one = [&](const std::string &name, auto function) {
-        return benchmark::RegisterBenchmark((name + place).c_str(), function, own_cpu, driver_cpu)
+        return benchmark::RegisterBenchmark((name + place.name).c_str(), function, place.own_cpu, place.driver_cpu)
             ->Repetitions(kRepetitions)
             ->ReportAggregatesOnly()
             ->MinTime(0.1);
@@ -157,29 +157,21 @@ void compare(const MedianReporter &reporter, const std::string &place)
     }
 }
 
+void add_all()
+{
+    std::ranges::for_each(places(), add);
+}
+
+void compare_all(const MedianReporter &reporter)
+{
+    for (const Place &place : places()) {
+        compare(reporter, place.name);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
 {
-    // Whatever else slows the machine down meanwhile slows all of them down. Options of the command line come later and
-    // win.
-    char interleaved[] = "--benchmark_enable_random_interleaving=true";
-    std::vector<char *> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, interleaved);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
-        return 1;
-    }
-    const RunFolder folder;
-    const auto [first, second] = usable_cpus();
-    add("one_cpu", first, first);
-    if (second != kAnyCpu) {
-        add("two_cpus", first, second);
-    }
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    compare(reporter, "one_cpu");
-    compare(reporter, "two_cpus");
-    return 0;
+    return run_in_turns(argc, argv, add_all, compare_all);
 }

@@ -57,13 +57,10 @@ struct Setting {
 
 std::vector<Setting> settings()
 {
-    const auto [first, second] = usable_cpus();
     std::vector<Setting> all;
     for (const uint32_t ports : {28U, 64U}) {
-        const std::string size = std::to_string(ports) + "_ports/";
-        all.push_back({size + "one_cpu", ports, first, first});
-        if (second != kAnyCpu) {
-            all.push_back({size + "two_cpus", ports, first, second});
+        for (const Place &place : places()) {
+            all.push_back({std::to_string(ports) + "_ports/" + place.name, ports, place.own_cpu, place.driver_cpu});
         }
     }
     return all;
@@ -80,31 +77,25 @@ void add(const Setting &setting, const std::string &what, void (*function)(bench
         ->UseRealTime();
 }
 
+void add_all()
+{
+    for (const Setting &setting : settings()) {
+        add(setting, "single_port/", single_port);
+        add(setting, "whole_unit/", whole_unit);
+    }
+}
+
+void compare(const MedianReporter &reporter)
+{
+    for (const Setting &setting : settings()) {
+        reporter.compare_times(setting.name.c_str(), "whole_unit/" + setting.name, "single port",
+                               "single_port/" + setting.name, "at most 1.50");
+    }
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
 {
-    // Whatever else slows the machine down meanwhile slows both of a pair down. Options of the command line come later
-    // and win.
-    char interleaved[] = "--benchmark_enable_random_interleaving=true";
-    std::vector<char *> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, interleaved);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
-        return 1;
-    }
-    const RunFolder folder;
-    const auto all = settings();
-    for (const Setting &setting : all) {
-        add(setting, "single_port/", single_port);
-        add(setting, "whole_unit/", whole_unit);
-    }
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    for (const Setting &setting : all) {
-        reporter.compare_times(setting.name.c_str(), "whole_unit/" + setting.name, "single port",
-                               "single_port/" + setting.name, "at most 1.50");
-    }
-    return 0;
+    return run_in_turns(argc, argv, add_all, compare);
 }
