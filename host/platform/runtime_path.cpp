@@ -14,6 +14,15 @@ const char *set_variable(const char *name)
     return value != nullptr && *value != '\0' ? value : nullptr;
 }
 
+sockaddr_un address_of(const char *folder, const char *file, SocketName name)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const char *format = name == SocketName::served ? "%s/%s" : "%s/.%s.new";
+    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder, file);
+    return address;
+}
+
 }  // namespace
 
 PathFault locate_runtime_folder(RuntimePath &path)
@@ -35,29 +44,19 @@ PathFault locate_runtime_folder(RuntimePath &path)
 
 sockaddr_un queue_address(const char *folder, uint32_t key, SocketName name)
 {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    const char *format = name == SocketName::served ? "%s/queue-%u" : "%s/.queue-%u.new";
-    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder, key);
-    return address;
+    char file[sizeof "queue-4294967295"];
+    (void)snprintf(file, sizeof file, "queue-%u", key);
+    return address_of(folder, file, name);
 }
 
 sockaddr_un control_address(const char *folder, SocketName name)
 {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    const char *format = name == SocketName::served ? "%s/control.sock" : "%s/.control.sock.new";
-    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder);
-    return address;
+    return address_of(folder, "control.sock", name);
 }
 
 sockaddr_un memory_address(const char *folder, SocketName name)
 {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    const char *format = name == SocketName::served ? "%s/memory.sock" : "%s/.memory.sock.new";
-    (void)snprintf(address.sun_path, sizeof address.sun_path, format, folder);
-    return address;
+    return address_of(folder, "memory.sock", name);
 }
 
 }  // namespace quillon::host
