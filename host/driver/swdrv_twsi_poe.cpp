@@ -18,7 +18,8 @@ constexpr std::chrono::nanoseconds time_of_byte{9 * 2500};
 // The device's address, in front of the offset and, in a read, once more behind it; and two bytes of offset.
 constexpr size_t bytes_before_data = 4;
 
-// A transaction on the bus: `transact` gets the device. It takes its time after the model is let go.
+// A transaction on the bus: `transact` gets the device. Then it takes the time that the bits take on a real bus, so
+// that programs find out here what a slow bus does to them. Only this queue waits, and nobody waits for the model.
 template <class Transact>
 bool on_bus(SharedTwsi &buses, uint32_t bus, uint32_t address, size_t bytes, Transact transact)
 {

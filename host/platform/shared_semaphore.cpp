@@ -23,8 +23,8 @@ bool is_held_by(uint64_t word, uint64_t task)
     return (word & ~SharedSemaphore::kAwaited) == task;
 }
 
-// False when the moment is over.
-bool sleep(const SharedSemaphore &semaphore, uint64_t seen, const Deadline &deadline)
+// Waits for the semaphore's word to change; false when the moment is over.
+bool wait_a_moment(const SharedSemaphore &semaphore, uint64_t seen, const Deadline &deadline)
 {
     const timespec most = deadline.limited() ? shorter(deadline.left(), kMoment) : kMoment;
     return wait_for_change(semaphore.holder, seen, &most);
@@ -62,7 +62,7 @@ uint32_t take_contended(SharedSemaphore &semaphore, uint64_t self, const Deadlin
             }
         } else if ((word & SharedSemaphore::kAwaited) != 0 ||
                    semaphore.holder.compare_exchange_weak(word, word | SharedSemaphore::kAwaited)) {
-            waits = sleep(semaphore, word | SharedSemaphore::kAwaited, deadline);
+            waits = wait_a_moment(semaphore, word | SharedSemaphore::kAwaited, deadline);
         }
     }
 }
