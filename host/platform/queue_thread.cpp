@@ -80,13 +80,13 @@ QueueThread::~QueueThread()
 void QueueThread::run()
 {
     std::array<epoll_event, kEventsARound> events;
-    for (;;) {
+    bool stopped = false;
+    while (!stopped) {
         const size_t count = wait(events);
         for (const epoll_event &event : std::span(events).first(count)) {
             if (event.data.ptr == nullptr) {
-                return;
-            }
-            if (event.data.ptr == this) {
+                stopped = true;  // what has come with it is still answered
+            } else if (event.data.ptr == this) {
                 accept_clients();
             } else {
                 serve(*static_cast<ClientConnection *>(event.data.ptr));
