@@ -246,8 +246,8 @@ uint32_t BACKDOOR_MGR_GetChar(void)
     return high_bytes | key;
 }
 
-// Stands in for the C library's: what the library would run is looked at instead.
-extern "C" [[gnu::visibility("default")]] int system(const char *command)
+// Stands in for the C library's: what the library would run is looked at instead. A program may have one of its own.
+extern "C" [[gnu::weak, gnu::visibility("default")]] int system(const char *command)
 {
     platform().shell_commands.emplace_back(command);
     return 0;
