@@ -11,8 +11,8 @@ target_compile_definitions(platform_tests PRIVATE QUILLON_EMULATOR="${CMAKE_CROS
 target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform quillon_queue_server)
 
 # Its processes start driver processes while they have threads. The emulator's own threads do not outlive such a fork,
-# and the address sanitizer's allocator may be locked in the child for ever.
-if(NOT QUILLON_SANITIZE MATCHES address)
+# and what the sanitizers keep of threads and memory may be locked in the child for ever.
+if(NOT QUILLON_SANITIZE)
   quillon_native_test(platform_loss_tests platform/shared_run_loss_test.cpp platform/support.cpp)
   target_link_libraries(platform_loss_tests PRIVATE quillon_platform quillon_queue_server)
 endif()
