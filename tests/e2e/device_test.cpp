@@ -1,119 +1,96 @@
 // Devices behind the switch that application processes use.
-#include <gtest/gtest.h>
 #include <stdint.h>
-#include <stdlib.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
-#include <string>
 #include <thread>
-#include <vector>
 
-#include "e2e/support/child.h"
-#include "e2e/support/control.h"
-#include "e2e/support/driver_process.h"
-#include "e2e/support/observe.h"
-#include "quillon/swdrv.h"
+#include "e2e/support/client_test.h"
 
 namespace quillon::test {
 namespace {
 
+constexpr uint8_t bus = 1;
 constexpr uint8_t eeprom = 0x57;
+constexpr uint8_t block_size = 255;
 
-// This process is a client as well. A client looks its run-time folder up once.
-const std::string &folder()
+using Block = std::array<uint8_t, block_size>;
+
+Block filled(uint8_t pattern)
 {
-    static const TestFolder for_this_process;
-    static const int set = setenv("QUILLON_RUNTIME_DIR", for_this_process.path().c_str(), 1);
-    EXPECT_EQ(set, 0);
-    return for_this_process.path();
+    Block block;
+    block.fill(pattern);
+    return block;
 }
 
-// Asks on the main queue, without a pause.
-class MainQueueUser {
-  public:
-    ~MainQueueUser()
-    {
-        ended_ = true;
-        thread_.join();
-        EXPECT_EQ(refused_, 0);
+void write(uint32_t offset, const Block &block)
+{
+    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiDataWriteWithBusIdx(bus, eeprom, 0, 1, offset, 1, block.data(), block_size), 1);
+}
+
+Block read(uint32_t offset)
+{
+    Block block;
+    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx(bus, eeprom, 0, 1, offset, 1, block_size, block.data()), 1);
+    return block;
+}
+
+// A block at `offset` that is the process's own, and one that all write and that has to be of one of them.
+void use_eeprom(uint32_t offset, uint8_t pattern)
+{
+    for (uint8_t round = 0; round < 20; ++round) {
+        Block own = filled(static_cast<uint8_t>(pattern + round));
+        own[0] = pattern;
+        write(offset, own);
+        EXPECT_EQ(read(offset), own) << "not what was written in round " << int{round};
+        write(0, filled(pattern));
+        const Block shared = read(0);
+        EXPECT_EQ(shared, filled(shared[0])) << "a write in pieces in round " << int{round};
     }
-    MainQueueUser() = default;
-    MainQueueUser(const MainQueueUser &) = delete;
-    MainQueueUser &operator=(const MainQueueUser &) = delete;
+}
 
-    uint64_t answers() const { return answers_; }
-
-  private:
-    void run()
-    {
-        for (uint32_t status = 0; !ended_; ++answers_) {
-            refused_ += DEV_SWDRV_PMGR_GetPortLinkStatus(1, 1, &status) != 1 || status != 1;
-        }
-    }
-
-    std::atomic<bool> ended_ = false;
-    std::atomic<uint64_t> answers_ = 0;
-    std::atomic<int> refused_ = 0;
-    std::thread thread_{[this] { run(); }};
-};
-
-struct DeviceTest : testing::Test {
-    DeviceTest() { DEV_SWDRV_PMGR_InitiateProcessResource(); }
-
-    DriverProcess driver{folder(), {"--log-level=warning"}};
-};
+struct DeviceTest : ClientTest {};
 
 TEST_F(DeviceTest, LetsTwoProcessesUseAnEepromBesideABusyMainQueue)
 {
-    const std::map<std::string, std::string> environment = {{"QUILLON_RUNTIME_DIR", folder()}};
-    Child first({QUILLON_EEPROM_USER, "1", "1024", "1", "20"}, environment);
-    Child second({QUILLON_EEPROM_USER, "1", "1279", "101", "20"}, environment);
-    {
-        const MainQueueUser status;
-        wait_until("the main queue is busy", [&] { return status.answers() > 0; });
-        first.write_line("");
-        second.write_line("");
-        // While both are at it the main queue goes on.
-        for (Child *const process : {&first, &second}) {
-            const uint64_t before = status.answers();
-            EXPECT_EQ(process->out().rest(), "done\n");
-            EXPECT_EQ(process->wait(), 0);
-            EXPECT_TRUE(process == &second || status.answers() > before);
+    const Events begin;
+    const auto user = [&begin](uint32_t offset, uint8_t pattern) {
+        return [=, &begin] {
+            begin.next();
+            use_eeprom(offset, pattern);
+        };
+    };
+    Application first(user(1024, 1));
+    Application second(user(1279, 101));
+
+    // Asks on the main queue, without a pause.
+    std::atomic<bool> ended = false;
+    std::atomic<uint64_t> answers = 0;
+    std::jthread status([&] {
+        for (uint32_t link = 0; !ended; ++answers) {
+            EXPECT_EQ(DEV_SWDRV_PMGR_GetPortLinkStatus(1, 1, &link), 1);
+            EXPECT_EQ(link, 1U);
         }
-    }
+    });
+    wait_until("the main queue is busy", [&] { return answers > 0; });
+    const uint64_t before = answers;
+    begin.tell('1');
+    begin.tell('2');
+    first.expect_success();
+    EXPECT_GT(answers, before) << "while both are at it the main queue goes on";
+    second.expect_success();
+    ended = true;
+    status.join();
 
     // What the last round of each has left, each in its own part.
-    std::vector<uint8_t> left(255);
-    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiDataReadWithBusIdx(1, eeprom, 0, 1, 1024 + 254, 1, 3, left.data()), 1);
-    EXPECT_EQ(left[0], 20);
-    EXPECT_EQ(left[1], 101);
-    EXPECT_EQ(left[2], 120);
-    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiRead(eeprom, 1024, left.data(), 255), 1);
-    EXPECT_EQ(std::ranges::count(left, 0xFF), 255) << "the other bus";
-    driver.signal(SIGTERM);
-    EXPECT_EQ(driver.err().rest(), "") << "nothing was refused as malformed";
-    EXPECT_EQ(driver.wait(), 0);
-}
-
-TEST_F(DeviceTest, FindsOutWhereACableIsOpen)
-{
-    constexpr uint32_t unit = 2;
-    constexpr uint32_t port = 3;
-    const struct {
-        const char *action;
-        uint8_t pair_state;
-        uint16_t phy_status;
-    } rows[] = {{"pull", 2, 0x7949}, {"plug", 1, 0x796D}};
-    for (const auto &row : rows) {
-        EXPECT_EQ(control(folder(), {"cable", std::to_string(unit), std::to_string(port), row.action}).status, 0);
-        CableDiagRecord cable;
-        uint16_t phy_status = 0;
-        EXPECT_EQ(DEV_SWDRV_PMGR_GetCableDiag(unit, port, &cable), 1);
-        EXPECT_EQ(cable.bytes[0], row.pair_state);
-        EXPECT_EQ(DEV_SWDRV_PMGR_GetMIIPhyRegByPage(unit, port, 0, 1, 0, 0, 0, &phy_status), 1);
-        EXPECT_EQ(phy_status, row.phy_status);
-    }
+    EXPECT_EQ(read(1024)[254], 20);
+    EXPECT_EQ(read(1279)[0], 101);
+    EXPECT_EQ(read(1279)[1], 120);
+    Block other_bus{};
+    EXPECT_EQ(DEV_SWDRV_PMGR_TwsiRead(eeprom, 1024, other_bus.data(), block_size), 1);
+    EXPECT_EQ(other_bus, filled(0xFF));
+    driver.expect_quiet_end();
 }
 
 }  // namespace

@@ -1,131 +1,115 @@
 // Tasks of application processes that wait for OAM events, and what ends their waits.
-#include <gtest/gtest.h>
+#include <signal.h>
 #include <stdint.h>
 #include <stdio.h>
-#include <stdlib.h>
+#include <unistd.h>
 
+#include <array>
 #include <atomic>
-#include <map>
 #include <string>
 #include <thread>
+#include <vector>
 
-#include "e2e/support/control.h"
-#include "e2e/support/observe.h"
-#include "quillon/platform.h"
-#include "quillon/swdrv.h"
+#include "e2e/support/client_test.h"
 
 namespace quillon::test {
 namespace {
 
 constexpr uint32_t lost = 1;
 constexpr uint32_t mismerge = 3;
+constexpr size_t most_waiters = 100;
 
-// This process is a client as well. A client looks its run-time folder up once.
-const std::string &folder()
+// Of each waiter.
+using Counts = std::array<std::atomic<uint32_t>, most_waiters>;
+
+// Tasks of one process, each of which waits by a binding of its own, again and again, until its wait fails.
+void wait_for_events(size_t waiters, Counts &events, const Events &end)
 {
-    static const TestFolder for_this_process;
-    static const int set = setenv("QUILLON_RUNTIME_DIR", for_this_process.path().c_str(), 1);
-    EXPECT_EQ(set, 0);
-    return for_this_process.path();
-}
-
-// Returns how many bindings the event is for.
-int raise(const std::string &event)
-{
-    const Ended ended = control(folder(), {"raise-event", event});
-    int bindings = -1;
-    EXPECT_EQ(sscanf(ended.out.c_str(), "bindings %d\n", &bindings), 1) << ended.out << ended.err;
-    return bindings;
-}
-
-class Waiters : public Child {
-  public:
-    explicit Waiters(int count)
-        : Child({QUILLON_OAM_WAITER, std::to_string(count)}, {{"QUILLON_RUNTIME_DIR", folder()}})
-    {
-        for (int i = 0; i < count; ++i) {
-            const std::string line = out().line();
-            int thread = 0;
-            if (sscanf(line.c_str(), "waiting %d", &thread) != 1) {
-                ADD_FAILURE() << line;
-                return;
+    std::vector<std::jthread> tasks;
+    for (uint32_t waiter = 0; waiter < waiters; ++waiter) {
+        uint64_t handle = 0;
+        EXPECT_EQ(DEV_SWDRV_PMGR_EventBindUnbindOam(1, lost, waiter, &handle), 1);
+        tasks.emplace_back([&count = events[waiter], handle] {
+            while (DEV_SWDRV_PMGR_WaitAndReceiveOam(lost, handle, nullptr) == 1) {
+                ++count;
             }
-            wait_until("the task waits for its event", [&] { return waits_for_reply(pid(), thread); });
-        }
+        });
     }
-
-    // How often each of the next `lines` lines was told.
-    std::map<std::string, int> told(int lines)
-    {
-        std::map<std::string, int> counts;
-        for (int i = 0; i < lines; ++i) {
-            ++counts[out().line()];
-        }
-        return counts;
+    end.next();
+    for (uint32_t waiter = 0; waiter < waiters; ++waiter) {
+        EXPECT_EQ(DEV_SWDRV_PMGR_EventBindUnbindOam(0, lost, waiter, nullptr), 1);
     }
-};
-
-std::map<std::string, int> from_each(const std::string &what, int waiters, int times)
-{
-    std::map<std::string, int> counts;
-    for (int waiter = 0; waiter < waiters; ++waiter) {
-        counts[what + " " + std::to_string(waiter)] = times;
-    }
-    return counts;
 }
 
-// Reads link status as fast as it is answered.
-class LinkReader {
+// A process of theirs.
+class Waiters {
   public:
-    uint64_t reads() const { return reads_; }
-
-    void wait_for_more(uint64_t more) const
+    explicit Waiters(size_t count) : count_(count), process_([this] { wait_for_events(count_, *events_, end_); })
     {
-        const uint64_t enough = reads() + more;
-        wait_until("link status is read", [&] { return reads() >= enough; });
+        // The process's first thread waits for the end.
+        wait_until_waiting(process_.pid(), count + 1);
     }
+
+    void wait_for(uint32_t times) const
+    {
+        for (size_t waiter = 0; waiter < count_; ++waiter) {
+            wait_until("each waiter has its events", [&] { return (*events_)[waiter] >= times; });
+        }
+    }
+
+    void expect_end(uint32_t times)
+    {
+        end_.tell('e');
+        process_.expect_success();
+        for (size_t waiter = 0; waiter < count_; ++waiter) {
+            EXPECT_EQ((*events_)[waiter], times) << waiter;
+        }
+    }
+
+    int kill_and_wait() { return process_.kill_and_wait(); }
 
   private:
-    void run(const std::stop_token &stop)
-    {
-        while (!stop.stop_requested()) {
-            uint32_t link = 0;
-            EXPECT_EQ(DEV_SWDRV_PMGR_GetPortLinkStatus(2, 3, &link), 1);
-            EXPECT_EQ(link, 1U);
-            ++reads_;
-        }
-    }
-
-    std::atomic<uint64_t> reads_ = 0;
-    std::jthread thread_{[this](const std::stop_token &stop) { run(stop); }};
+    size_t count_;
+    Shared<Counts> events_;
+    Events end_;
+    Application process_;
 };
 
-struct OamEventsTest : testing::Test {
-    OamEventsTest() { DEV_SWDRV_PMGR_InitiateProcessResource(); }
-
-    DriverProcess driver{folder(), {"--log-level=warning"}};
+struct OamEventsTest : ClientTest {
+    // Returns how many bindings the event is for.
+    static int raise(const std::string &event)
+    {
+        const std::string out = told({"raise-event", event});
+        int bindings = -1;
+        EXPECT_EQ(sscanf(out.c_str(), "bindings %d\n", &bindings), 1) << out;
+        return bindings;
+    }
 };
 
 TEST_F(OamEventsTest, ReachEachBoundWaiterOnceBesideOtherRequests)
 {
-    constexpr int waiters = 100;
-    constexpr int events = 20;
-    Waiters process(waiters);
-    const LinkReader reader;
-    reader.wait_for_more(1000);
-
+    constexpr uint32_t events = 20;
+    Waiters process(most_waiters);
+    std::atomic<uint64_t> reads = 0;
+    const auto wait_for_reads = [&reads] {
+        const uint64_t enough = reads + 1000;
+        wait_until("link status is read", [&] { return reads >= enough; });
+    };
+    const std::jthread reader([&reads](const std::stop_token &stop) {
+        for (uint32_t link = 0; !stop.stop_requested(); ++reads) {
+            EXPECT_EQ(DEV_SWDRV_PMGR_GetPortLinkStatus(2, 3, &link), 1);
+            EXPECT_EQ(link, 1U);
+        }
+    });
+    wait_for_reads();
     EXPECT_EQ(raise("mismerge"), 0);
     // Some of them come between two waits.
-    for (int i = 0; i < events; ++i) {
-        EXPECT_EQ(raise("loss-of-continuity"), waiters);
+    for (uint32_t i = 0; i < events; ++i) {
+        EXPECT_EQ(raise("loss-of-continuity"), static_cast<int>(most_waiters));
     }
-    EXPECT_EQ(process.told(waiters * events), from_each("event", waiters, events));
-    reader.wait_for_more(1000);
-
-    process.write_line("");
-    EXPECT_EQ(process.told(waiters), from_each("ended", waiters, 1));
-    EXPECT_EQ(process.out().rest(), "");
-    EXPECT_EQ(process.wait(), 0);
+    process.wait_for(events);
+    wait_for_reads();
+    process.expect_end(events);
     EXPECT_EQ(raise("loss-of-continuity"), 0);
 }
 
@@ -133,20 +117,16 @@ TEST_F(OamEventsTest, EndWithTheirTime)
 {
     uint64_t handle = 0;
     ASSERT_EQ(DEV_SWDRV_PMGR_EventBindUnbindOam(1, lost, 0, &handle), 1);
-    std::atomic<uint32_t> thread = 0;
     std::jthread longer([&] {
         constexpr uint32_t an_hour = 3'600'000;
-        thread = SYSFUN_TaskIdSelf();
         EXPECT_EQ(DEV_SWDRV_PMGR_WaitAndReceiveOam(lost, handle, &an_hour), 0);
     });
-    wait_until("the longer wait is on",
-               [&] { return thread != 0 && waits_for_reply(getpid(), static_cast<pid_t>(thread)); });
+    wait_until_waiting(getpid(), 1);
 
     constexpr uint32_t milliseconds = 20;
     EXPECT_EQ(DEV_SWDRV_PMGR_WaitAndReceiveOam(lost, handle, &milliseconds), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_WaitAndReceiveOam(lost, handle, &milliseconds), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_EventBindUnbindOam(0, lost, 0, nullptr), 1);
-    longer.join();
 }
 
 TEST_F(OamEventsTest, AreNoLongerForAClientThatDied)
@@ -155,17 +135,15 @@ TEST_F(OamEventsTest, AreNoLongerForAClientThatDied)
     Waiters stays(2);
     const size_t with_both = sockets_of(driver.pid());
     EXPECT_EQ(raise("loss-of-continuity"), 22);
-    EXPECT_EQ(stays.told(2), from_each("event", 2, 1));
+    stays.wait_for(1);
 
     EXPECT_EQ(dies.kill_and_wait(), 128 + SIGKILL);
     wait_until("the dead client's waits are gone", [&] { return sockets_of(driver.pid()) <= with_both - 20; });
     EXPECT_EQ(raise("loss-of-continuity"), 2);
-    EXPECT_EQ(stays.told(2), from_each("event", 2, 1));
+    stays.wait_for(2);
 
     // With waits on, the driver process ends as ever.
-    driver.signal(SIGTERM);
-    EXPECT_EQ(driver.err().rest(), "");
-    EXPECT_EQ(driver.wait(), 0);
+    driver.expect_quiet_end();
 }
 
 TEST_F(OamEventsTest, ShowWhereTheyWereFound)
@@ -175,34 +153,7 @@ TEST_F(OamEventsTest, ShowWhereTheyWereFound)
     uint32_t entries = 0;
     EXPECT_EQ(DEV_SWDRV_PMGR_SetOamEntry(1, 33, 2, 0, &record), 1);
     EXPECT_EQ(DEV_SWDRV_PMGR_EventBindUnbindOam(1, mismerge, 0, &handle), 1);
-
-    const struct {
-        std::vector<std::string> arguments;
-        int status;
-        std::string out;
-        std::string err;
-    } rows[] = {
-        {{"mismerge", "33", "egress"}, 0, "bindings 1\n", ""},
-        {{"mismerge", "33"}, 1, "", "quillon-ctl: raise-event: OAM entry 33 is not set\n"},
-        {{"mismerge", "2048"}, 1, "", "quillon-ctl: raise-event: ENTRY is a number from 0 to 2047, not '2048'\n"},
-        {{"mismerge", "33", "both"},
-         1,
-         "",
-         "quillon-ctl: raise-event: an OAM engine is ingress or egress, not 'both'\n"},
-        {{"loss"},
-         1,
-         "",
-         "quillon-ctl: raise-event: no event 'loss' (loss-of-continuity, unexpected-mep, mismerge, unexpected-period, "
-         "unexpected-level, remote-defect)\n"},
-    };
-    for (const auto &row : rows) {
-        std::vector<std::string> words = row.arguments;
-        words.insert(words.begin(), "raise-event");
-        const Ended ended = control(folder(), words);
-        EXPECT_EQ(ended.status, row.status);
-        EXPECT_EQ(ended.out, row.out);
-        EXPECT_EQ(ended.err, row.err);
-    }
+    EXPECT_EQ(told({"raise-event", "mismerge", "33", "egress"}), "bindings 1\n");
     EXPECT_EQ(DEV_SWDRV_PMGR_WaitAndReceiveOam(mismerge, handle, nullptr), 1);
     EXPECT_EQ(DEV_SWDRV_PMGR_GetOamExceptionStatus(3, 1, mismerge, 1, &entries), 1);
     EXPECT_EQ(entries, 2U);

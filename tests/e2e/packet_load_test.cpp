@@ -1,13 +1,18 @@
 // Received packets under load: what is counted, what stops and goes on, and who dies meanwhile.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <stdint.h>
 #include <string.h>
+#include <unistd.h>
 
-#include <filesystem>
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
 #include <memory>
+#include <mutex>
+#include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "e2e/support/packet_client.h"
@@ -18,31 +23,35 @@ namespace {
 using nicdrv::NicShMem;
 using testing::HasSubstr;
 
-class Worker : public Child {
-  public:
-    Worker(const std::string &folder, std::vector<std::string> arguments)
-        : Child(command(std::move(arguments)), {{"QUILLON_RUNTIME_DIR", folder}})
-    {
-        EXPECT_EQ(out().line(), "ready");
-    }
-
-    void begin() { write_line(""); }
-
-    void expect_done()
-    {
-        EXPECT_EQ(out().rest(), "done\n");
-        EXPECT_EQ(wait(), 0);
-    }
-
-  private:
-    static std::vector<std::string> command(std::vector<std::string> arguments)
-    {
-        arguments.insert(arguments.begin(), QUILLON_PACKET_WORKER);
-        return arguments;
-    }
-};
-
 struct PacketLoadTest : PacketClientTest {
+    // An application process whose threads receive so many packets each and give them back, some of them after they
+    // were held as fragments.
+    static std::unique_ptr<Application> receiver(uint32_t threads, uint32_t packets)
+    {
+        return std::make_unique<Application>([=] {
+            std::vector<std::jthread> receiving;
+            for (uint32_t i = 0; i < threads; ++i) {
+                receiving.emplace_back(receive_and_give_back, packets);
+            }
+        });
+    }
+
+    static void receive_and_give_back(uint32_t packets)
+    {
+        while (packets > 0) {
+            for (const QuillonReceivedPacket &packet : receive_some(packets)) {
+                const uint8_t *const data = quillon_received_data(&packet);
+                EXPECT_EQ(std::count(data, data + packet.length, static_cast<uint8_t>(packet.cookie)), packet.length);
+                if (packets % 4 == 0 && packet.cookie < 10) {
+                    DEV_NICDRV_ReserveFragmentBuffer(packet.cookie);
+                    DEV_NICDRV_ReleaseFragmentBuffer(packet.cookie);
+                }
+                EXPECT_EQ(give_back(packet), 1);
+                --packets;
+            }
+        }
+    }
+
     // The receive task may still be about to see that the last buffers are back.
     static void expect_nothing_on_loan(uint32_t freed)
     {
@@ -67,21 +76,16 @@ TEST_F(PacketLoadTest, BalancesAfterManyProcessesHaveReceivedAndFreed)
     constexpr uint32_t packets = 100'000;
     constexpr uint32_t processes = 4;
     constexpr uint32_t threads = 4;
-    std::vector<std::unique_ptr<Worker>> workers;
+    std::vector<std::unique_ptr<Application>> receivers;
     for (uint32_t i = 0; i < processes; ++i) {
-        workers.push_back(std::make_unique<Worker>(
-            folder(), std::vector<std::string>{"receive", std::to_string(threads),
-                                               std::to_string(packets / processes / threads)}));
-    }
-    for (const auto &worker : workers) {
-        worker->begin();
+        receivers.push_back(receiver(threads, packets / processes / threads));
     }
     for (uint32_t cookie = 0; cookie < 10; ++cookie) {
         inject(cookie, 9'000);
     }
     inject(10, 10'000);
-    for (const auto &worker : workers) {
-        worker->expect_done();
+    for (const auto &process : receivers) {
+        process->expect_success();
     }
 
     expect_nothing_on_loan(packets);
@@ -92,62 +96,111 @@ TEST_F(PacketLoadTest, BalancesAfterManyProcessesHaveReceivedAndFreed)
     EXPECT_EQ(summary.values[2], 0U) << "dropped";
     EXPECT_EQ(summary.values[3], packets) << "fetched";
     EXPECT_EQ(summary.last_value, 0U) << "waiting";
-    driver.signal(SIGTERM);
-    EXPECT_EQ(driver.err().rest(), "");
+    driver.expect_quiet_end();
 }
+
+// Packets on their way from one thread to others.
+class HandOver {
+  public:
+    void put(const std::vector<QuillonReceivedPacket> &packets)
+    {
+        const std::lock_guard lock(mutex_);
+        packets_.insert(packets_.end(), packets.begin(), packets.end());
+        changed_.notify_all();
+    }
+
+    void end()
+    {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        changed_.notify_all();
+    }
+
+    // Nothing after the end.
+    std::optional<QuillonReceivedPacket> get()
+    {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return ended_ || !packets_.empty(); });
+        if (packets_.empty()) {
+            return std::nullopt;
+        }
+        const QuillonReceivedPacket packet = packets_.front();
+        packets_.pop_front();
+        return packet;
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<QuillonReceivedPacket> packets_;
+    bool ended_ = false;
+};
 
 // The receiver asks for more while the pool is stopped: only the wake-ups of those who give buffers back let it go on.
 TEST_F(PacketLoadTest, StopsAtTheLevelAndMissesNoWakeUp)
 {
     constexpr uint32_t stop_level = 48;
     constexpr uint32_t packets = 250 * stop_level;
-    Worker worker(folder(), {"hand-over", std::to_string(packets), "32"});
-    worker.begin();
+    constexpr uint32_t at_once = 32;
+    static_assert(packets % at_once == 0);
+    Application process([] {
+        HandOver hand_over;
+        std::vector<std::jthread> giving_back;
+        for (int i = 0; i < 3; ++i) {
+            giving_back.emplace_back([&] {
+                while (const auto packet = hand_over.get()) {
+                    EXPECT_EQ(give_back(*packet), 1);
+                }
+            });
+        }
+        for (uint32_t received = 0; received < packets; received += at_once) {
+            hand_over.put(receive(at_once));
+        }
+        hand_over.end();
+    });
     inject(3, packets);
-    worker.expect_done();
+    process.expect_success();
 
     expect_nothing_on_loan(packets);
-    const std::string shown = control(folder(), {"packet-path"}).out;
+    const std::string shown = told({"packet-path"});
     const size_t stops = shown.find(" stopped-pools=0x0 stops=");
     ASSERT_NE(stops, std::string::npos) << shown;
     EXPECT_GE(atoi(&shown[stops + strlen(" stopped-pools=0x0 stops=")]), packets / stop_level - 1);
 }
 
+const Events *freeing = nullptr;
+
 TEST_F(PacketLoadTest, GoesOnWhenTheHolderOfTheSemaphoreIsKilled)
 {
-    Worker worker(folder(), {"die-freeing"});
-    worker.begin();
-    const std::string line = worker.out().line();
-    ASSERT_TRUE(line.starts_with("freeing ")) << line;
+    const Events events;
+    freeing = &events;
+    Application holder([] {
+        DEV_NICDRV_OM_SetFreeFunc([](void * /*buffer*/) -> uint8_t {
+            freeing->tell('f');
+            for (;;) {
+                pause();
+            }
+        });
+        DEV_NICDRV_MREF_MemFree(nullptr, 0, nullptr);
+    });
+    const pid_t killed = holder.pid();
+    EXPECT_EQ(events.next(), 'f');
     inject(2, 20);
-    EXPECT_EQ(worker.kill_and_wait(), 128 + SIGKILL);
+    EXPECT_EQ(holder.kill_and_wait(), 128 + SIGKILL);
 
-    for (const QuillonReceivedPacket &packet : receive(20)) {
-        EXPECT_EQ(give_back(packet), 1);
-    }
+    receive_and_give_back(20);
     expect_nothing_on_loan(20);
-    EXPECT_THAT(driver.err().line(),
-                HasSubstr("warning semaphore-recovered key=17 holder=" + line.substr(strlen("freeing "))));
+    EXPECT_THAT(driver.err().line(), HasSubstr("warning semaphore-recovered key=17 holder=" + std::to_string(killed)));
 }
 
 // What it waited for goes to others.
 TEST_F(PacketLoadTest, OffersNothingToTheDead)
 {
-    Worker worker(folder(), {"receive", "4", "1"});
-    worker.begin();
-    wait_until("its threads wait", [&] {
-        size_t waiting = 0;
-        for (const auto &task :
-             std::filesystem::directory_iterator("/proc/" + std::to_string(worker.pid()) + "/task")) {
-            waiting += waits_for_reply(worker.pid(), std::stoi(task.path().filename()));
-        }
-        return waiting == 4;
-    });
-    worker.kill_and_wait();
+    const auto dies = receiver(4, 1);
+    wait_until_waiting(dies->pid(), 4);
+    dies->kill_and_wait();
     inject(7, 4);
-    for (const QuillonReceivedPacket &packet : receive(4)) {
-        EXPECT_EQ(give_back(packet), 1);
-    }
+    receive_and_give_back(4);
     expect_nothing_on_loan(4);
 }
 

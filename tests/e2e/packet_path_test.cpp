@@ -1,28 +1,27 @@
 // What is sent and received through the packet path of a driver process, and what it refuses.
+#include <arpa/inet.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <stdint.h>
 #include <string.h>
 
 #include <algorithm>
 #include <functional>
-#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "e2e/support/packet_client.h"
-#include "quillon/swdrv.h"
 
 namespace quillon::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::HasSubstr;
 using testing::UnorderedElementsAreArray;
 
 using PortList = uint8_t[8];
+
+// A packet of the test's that was looped back: where, of which class, and the tag that it got on the way, if it did.
+using Looped = std::tuple<uint32_t, uint32_t, uint32_t, uint32_t>;
 
 struct PacketPathTest : PacketClientTest {
     PacketPathTest()
@@ -33,9 +32,28 @@ struct PacketPathTest : PacketClientTest {
         }
     }
 
+    // What comes, and is given back at once.
+    static std::vector<Looped> looped(size_t count)
+    {
+        std::vector<Looped> back;
+        for (const QuillonReceivedPacket &packet : receive(count)) {
+            const uint8_t *const bytes = quillon_received_data(&packet);
+            const bool tag = packet.length == 64;
+            EXPECT_TRUE(tag || packet.length == 60) << packet.length;
+            for (uint8_t i = 0; i < 60; ++i) {
+                EXPECT_EQ(bytes[tag && i >= 12 ? i + 4 : i], i);
+            }
+            uint32_t tag_bytes = 0;
+            memcpy(&tag_bytes, bytes + 12, sizeof tag_bytes);
+            back.emplace_back(packet.unit, packet.port, packet.cookie, tag ? ntohl(tag_bytes) : 0);
+            EXPECT_EQ(give_back(packet), 1);
+        }
+        return back;
+    }
+
     std::string shown(const std::string &beginning) const
     {
-        for (const std::string &line : lines_of(control(folder(), {"packet-path"}).out)) {
+        for (const std::string &line : lines_of(told({"packet-path"}))) {
             if (line.starts_with(beginning)) {
                 return line;
             }
@@ -43,30 +61,12 @@ struct PacketPathTest : PacketClientTest {
         return {};
     }
 
-    void set_buffer_kind(uint16_t kind) const { memcpy(descriptor + 72, &kind, sizeof kind); }
-
     uint8_t *const descriptor = quillon_transmit_area();
     uint8_t *const data = descriptor + 128;
 };
 
-// A packet of the test's that was looped back: where, of which class, and the tag that it got on the way, if it did.
-using Looped = std::tuple<uint32_t, uint32_t, uint32_t, uint32_t>;
-
-Looped looped(const QuillonReceivedPacket &packet)
-{
-    const uint8_t *const bytes = quillon_received_data(&packet);
-    const bool tag = packet.length == 64;
-    EXPECT_TRUE(tag || packet.length == 60) << packet.length;
-    for (uint8_t i = 0; i < 60; ++i) {
-        EXPECT_EQ(bytes[tag && i >= 12 ? i + 4 : i], i);
-    }
-    return {packet.unit, packet.port, packet.cookie,
-            tag ? uint32_t{bytes[12]} << 24 | uint32_t{bytes[13]} << 16 | uint32_t{bytes[14]} << 8 | bytes[15] : 0};
-}
-
 TEST_F(PacketPathTest, LoopsBackWhatIsSent)
 {
-    DEV_SWDRV_PMGR_InitiateProcessResource();
     EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(20), 1);
     for (const uint32_t port : {3U, 28U}) {
         EXPECT_EQ(DEV_SWDRV_PMGR_AddPortVlanSet(2, port, 20), 1);
@@ -94,19 +94,14 @@ TEST_F(PacketPathTest, LoopsBackWhatIsSent)
     };
 
     EXPECT_EQ(rows[0].send(), 1) << "without a loop";
-    command({"loop-back", "on"});
+    told({"loop-back", "on"});
     size_t sent = 1;
     for (const auto &row : rows) {
         EXPECT_EQ(row.send(), 1);
-        std::vector<Looped> back;
-        for (const QuillonReceivedPacket &packet : receive(row.expected.size())) {
-            back.push_back(looped(packet));
-            EXPECT_EQ(give_back(packet), 1);
-        }
-        EXPECT_THAT(back, UnorderedElementsAreArray(row.expected));
+        EXPECT_THAT(looped(row.expected.size()), UnorderedElementsAreArray(row.expected));
         sent += row.expected.size();
     }
-    command({"loop-back", "off"});
+    told({"loop-back", "off"});
     EXPECT_EQ(rows[0].send(), 1);
     EXPECT_EQ(shown("received "), "received fetched=" + std::to_string(sent - 1) + " waiting=0");
     EXPECT_THAT(shown("sent "), HasSubstr("sent packets=" + std::to_string(sent + 1) + " "));
@@ -114,13 +109,15 @@ TEST_F(PacketPathTest, LoopsBackWhatIsSent)
 
 TEST_F(PacketPathTest, ForwardsAReceivedPacketWhereItIs)
 {
-    command({"loop-back", "on"});
-    DEV_NICDRV_PMGR_SendPacketToPort(1, 5, 0, 0, data, 60, 3, 0, descriptor);
+    constexpr uint16_t receive_buffer = 1;
+    told({"loop-back", "on"});
+    inject(4);
     const QuillonReceivedPacket first = receive(1).at(0);
-    set_buffer_kind(1);
-    EXPECT_EQ(DEV_NICDRV_PMGR_SendPacketToPort(2, 6, 0, 0, quillon_received_data(&first), 60, 4, 0, descriptor), 1);
+    memcpy(descriptor + 72, &receive_buffer, sizeof receive_buffer);
+    EXPECT_EQ(DEV_NICDRV_PMGR_SendPacketToPort(2, 6, 0, 0, quillon_received_data(&first), 60, 3, 0, descriptor), 1);
     const QuillonReceivedPacket second = receive(1).at(0);
-    EXPECT_EQ(looped(second), Looped(2, 6, 4, 0));
+    EXPECT_EQ(std::tuple(second.unit, second.port, second.cookie), std::tuple(2U, 6U, 3U));
+    EXPECT_EQ(memcmp(quillon_received_data(&second), quillon_received_data(&first), 60), 0);
     EXPECT_EQ(give_back(first), 1);
     EXPECT_EQ(give_back(second), 1);
 }
@@ -163,7 +160,7 @@ TEST_F(PacketPathTest, RefusesWhatCannotBeSent)
         {"between units, to none", [&] { return DEV_NICDRV_PMGR_SendIUCPacket(data, 60, 3, 0); }},
         {"between units, outside", [&] { return DEV_NICDRV_PMGR_SendIUCPacket(&entry, 60, 1, 0); }},
     };
-    command({"loop-back", "on"});
+    told({"loop-back", "on"});
     for (const auto &row : rows) {
         EXPECT_EQ(row.send(), 0) << row.what;
     }
@@ -174,7 +171,7 @@ TEST_F(PacketPathTest, RefusesWhatCannotBeSent)
 
 TEST_F(PacketPathTest, GeneratesPackets)
 {
-    command({"loop-back", "on"});
+    told({"loop-back", "on"});
     uint32_t entry = 0;
     EXPECT_EQ(DEV_NICDRV_PMGR_AddPacketGenByPort(1, 1, 0, data, 60, 1, descriptor, 7, &entry), 1);
     EXPECT_EQ(entry, 1U);
@@ -190,11 +187,7 @@ TEST_F(PacketPathTest, GeneratesPackets)
     EXPECT_EQ(DEV_NICDRV_PMGR_SetPacketGenRate(7, &wanted, &rate), 1);
     EXPECT_EQ(rate, 1500U);
     EXPECT_EQ(DEV_NICDRV_PMGR_EnablePacketGen(7, 1, 1, 31), 1);
-    std::vector<Looped> back;
-    for (const QuillonReceivedPacket &packet : receive(31)) {
-        back.push_back(looped(packet));
-        EXPECT_EQ(give_back(packet), 1);
-    }
+    const std::vector<Looped> back = looped(31);
     EXPECT_EQ(std::ranges::count(back, Looped(1, 1, 1, 0)), 16);
     EXPECT_EQ(std::ranges::count(back, Looped(2, 2, 3, 0x8100'6001)), 15);
     EXPECT_EQ(shown("generator 7 "), "generator 7 entries=2 rate=1500 sent=31 stopped");
@@ -202,9 +195,7 @@ TEST_F(PacketPathTest, GeneratesPackets)
     // Until it is told to stop.
     EXPECT_EQ(DEV_NICDRV_PMGR_EnablePacketGen(7, 1, 0, 0), 1);
     EXPECT_THAT(shown("generator 7 "), HasSubstr(" running"));
-    for (const QuillonReceivedPacket &packet : receive(40)) {
-        EXPECT_EQ(give_back(packet), 1);
-    }
+    looped(40);
     EXPECT_EQ(DEV_NICDRV_PMGR_EnablePacketGen(7, 0, 0, 0), 1);
     EXPECT_THAT(shown("generator 7 "), HasSubstr(" stopped"));
 
@@ -275,32 +266,6 @@ TEST_F(PacketPathTest, TimesOutWithoutTakingAPacket)
     EXPECT_EQ(count, 0U);
     inject(1);
     EXPECT_EQ(give_back(receive(1).at(0)), 1);
-}
-
-TEST_F(PacketPathTest, SaysWhatCannotComeIn)
-{
-    const std::string hex(28, '0');
-    const struct {
-        std::vector<std::string> arguments;
-        std::string error;
-    } rows[] = {
-        {{"3", "1", hex}, "UNIT is a number from 1 to 2, not '3'"},
-        {{"1", "1", "cookie=0"}, "a packet has 14 to 9238 bytes, this one has 0"},
-        {{"1", "1", hex, "cookie=1"}, "a packet is bytes of two hexadecimal digits each, not 'co'"},
-        {{"1", "1", "cookie=11", hex}, "cookie is a number from 0 to 10, not '11'"},
-        {{"1", "1", "cookie=1", "cpu-code=x", hex}, "cpu-code is a number from 0 to 4294967295, not 'x'"},
-        {{"1", "1", "count=0", hex}, "count is a number from 1 to 1000000, not '0'"},
-        {{"1", "1", "color=1", hex}, "a packet has a cookie, a cpu-code and a count, but no 'color'"},
-    };
-    for (const auto &row : rows) {
-        std::vector<std::string> words = {"inject-packet"};
-        words.insert(words.end(), row.arguments.begin(), row.arguments.end());
-        const Ended ended = control(folder(), words);
-        EXPECT_EQ(ended.status, 1);
-        EXPECT_THAT(ended.err, HasSubstr(row.error));
-    }
-    EXPECT_EQ(control(folder(), {"loop-back", "maybe"}).status, 1);
-    EXPECT_EQ(shown("received "), "received fetched=0 waiting=0");
 }
 
 }  // namespace

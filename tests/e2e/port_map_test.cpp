@@ -52,12 +52,5 @@ TEST(PortMap, ShowsTheStackAndOutlivesTheDriverProcess)
     EXPECT_THAT(ended.err, HasSubstr("the driver process was killed by signal 9 (Killed); starting it again\n"));
 }
 
-TEST(PortMap, HoldsForTheSmallestStack)
-{
-    const Ended ended = run_to_end(run_command({"--units=1", "--ports=1", "--chips=1", "--", QUILLON_PORT_MAP}));
-    EXPECT_EQ(ended.status, 0) << ended.out << ended.err;
-    EXPECT_THAT(ports_in(ended.out), testing::ElementsAre(std::tuple(1, 1, 1, 0, 1)));
-}
-
 }  // namespace
 }  // namespace quillon::test

@@ -85,7 +85,8 @@ TEST_F(RoutingMenuOnTerminal, SwitchesRoutingByKeys)
     EXPECT_EQ(codes, " code=3 code=4 code=6 code=7");
 }
 
-TEST_F(RoutingMenuOnTerminal, ShowsFalseWhenTheDriverProcessIsGone)
+// Without a driver process, and to the end of the input.
+TEST_F(RoutingMenuOnTerminal, ShowsFailuresAndEndsWithTheInput)
 {
     next_menu();
     answer_to("0");
@@ -93,12 +94,6 @@ TEST_F(RoutingMenuOnTerminal, ShowsFalseWhenTheDriverProcessIsGone)
     const std::string answer = answer_to("0");
     EXPECT_NE(answer.find("(msgq_key=24, rc=1)"), std::string::npos) << answer;
     EXPECT_TRUE(answer.ends_with("DEV_SWDRVL3_PMGR_EnableIPv4Routing() returns FALSE\n" + routing_menu)) << answer;
-}
-
-TEST_F(RoutingMenuOnTerminal, EndsWithTheInput)
-{
-    next_menu();
-    answer_to("0");
     EXPECT_EQ(answer_to(control_d), no_key + console_menu);
     program.type(control_d);
     EXPECT_EQ(program.wait(), 1);

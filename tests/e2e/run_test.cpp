@@ -1,12 +1,8 @@
 // quillon-run: the status that it passes on, the signals that it passes on, and what is left when it ends.
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <pty.h>
 #include <signal.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <fstream>
 #include <string>
@@ -14,6 +10,7 @@
 
 #include "e2e/support/driver_process.h"
 #include "e2e/support/observe.h"
+#include "e2e/support/terminal.h"
 
 namespace quillon::test {
 namespace {
@@ -93,16 +90,13 @@ TEST_F(RunTest, HasTheDriverProcessReadyInAPrivateFolder)
     EXPECT_EQ(ended.err, "");
 }
 
-TEST_F(RunTest, DoesWithoutAUserFolderThatIsNotThere)
+TEST_F(RunTest, PassesOptionsOnAndDoesWithoutAUserFolder)
 {
     environment["XDG_RUNTIME_DIR"] = folder.path() + "/gone";
-    EXPECT_THAT(run(script("echo $QUILLON_RUNTIME_DIR")).out, StartsWith("/tmp/quillon-run."));
-}
-
-TEST_F(RunTest, PassesOptionsOnToTheDriverProcess)
-{
-    const Ended ended = run(script("tr '\\0' ' ' </proc/$(cat $QUILLON_RUNTIME_DIR/driver.pid)/cmdline",
-                                   {"--units=3", "--ports", "9", "--chips=4", "--log-level=error"}));
+    const Ended ended =
+        run(script("echo $QUILLON_RUNTIME_DIR; tr '\\0' ' ' </proc/$(cat $QUILLON_RUNTIME_DIR/driver.pid)/cmdline",
+                   {"--units=3", "--ports", "9", "--chips=4", "--log-level=error"}));
+    EXPECT_THAT(ended.out, StartsWith("/tmp/quillon-run."));
     EXPECT_THAT(ended.out, HasSubstr("quillon-driver --units=3 --ports=9 --chips=4 --log-level=error "));
 }
 
@@ -123,41 +117,34 @@ TEST_F(RunTest, LetsTheDriverProcessEndByItself)
 
 constexpr const char *wait_with_company = "setsid sleep 1000 & sleep 1000 & echo $$; wait";
 
-TEST_F(RunTest, EndsWhenCommandIsKilled)
+TEST_F(RunTest, CleansUpWhoeverIsKilled)
 {
-    Child run(script(wait_with_company), environment);
-    const pid_t command = std::stoi(run.out().line());
-    kill(command, SIGKILL);
-    expect_nothing_left(run);
-    EXPECT_EQ(run.wait(), 128 + SIGKILL);
+    for (const std::string killed : {"COMMAND", "the supervisor", "quillon-run"}) {
+        SCOPED_TRACE(killed);
+        Child run(script("echo $PPID; " + std::string(wait_with_company)), environment);
+        const pid_t supervisor = std::stoi(run.out().line());
+        const pid_t command = std::stoi(run.out().line());
+        ASSERT_NE(supervisor, run.pid());
+        kill(killed == "COMMAND" ? command : killed == "the supervisor" ? supervisor : run.pid(), SIGKILL);
+        if (killed == "the supervisor") {
+            EXPECT_THAT(run.err().line(), StartsWith("quillon-run: the supervisor was killed by signal 9"));
+        }
+        expect_nothing_left(run);
+        EXPECT_EQ(run.wait(), 128 + SIGKILL);
+    }
 }
 
-TEST_F(RunTest, CleansUpWhenItIsKilledItself)
+// Ends with status 9 by that signal, and says whether the driver process is still there.
+std::vector<std::string> trap_and_wait(const std::string &signal)
 {
-    Child run(script(wait_with_company), environment);
-    run.out().line();
-    run.kill_and_wait();
-    expect_nothing_left(run);
-}
-
-TEST_F(RunTest, CleansUpWhenItsSupervisorIsKilled)
-{
-    Child run(script("echo $PPID; " + std::string(wait_with_company)), environment);
-    const pid_t supervisor = std::stoi(run.out().line());
-    run.out().line();
-    ASSERT_NE(supervisor, run.pid());
-    kill(supervisor, SIGKILL);
-    EXPECT_THAT(run.err().line(), StartsWith("quillon-run: the supervisor was killed by signal 9"));
-    expect_nothing_left(run);
-    EXPECT_EQ(run.wait(), 128 + SIGKILL);
+    return script("trap 'kill -0 $(cat $QUILLON_RUNTIME_DIR/driver.pid) && echo served; exit 9' " + signal +
+                  "; echo waits; sleep 1000 & wait");
 }
 
 TEST_F(RunTest, PassesSignalsOn)
 {
     for (const auto &[signal, name] : {std::pair(SIGTERM, "TERM"), {SIGINT, "INT"}, {SIGHUP, "HUP"}}) {
-        Child run(script("trap 'kill -0 $(cat $QUILLON_RUNTIME_DIR/driver.pid) && echo served; exit 9' " +
-                         std::string(name) + "; echo waits; sleep 1000 & wait"),
-                  environment);
+        Child run(trap_and_wait(name), environment);
         ASSERT_EQ(run.out().line(), "waits");
         run.signal(signal);
         EXPECT_EQ(run.out().line(), "served") << name;
@@ -169,24 +156,12 @@ TEST_F(RunTest, PassesSignalsOn)
 // A terminal interrupts all of its foreground processes: COMMAND decides, and has its driver process until it ends.
 TEST_F(RunTest, LeavesAnInterruptFromTheTerminalToCommand)
 {
-    const auto command = script(
-        "trap 'kill -0 $(cat $QUILLON_RUNTIME_DIR/driver.pid) && echo served; exit 9' INT; echo waits; sleep 1000 & "
-        "wait");
-    int terminal;
-    const pid_t pid = forkpty(&terminal, nullptr, nullptr, nullptr);
-    ASSERT_GE(pid, 0);
-    if (pid == 0) {
-        become(command, environment);
-    }
-    Output out((host::Descriptor(terminal)));
-    ASSERT_EQ(out.line(), "waits\r");
-    ASSERT_EQ(write(terminal, "\x03", 1), 1);
-    EXPECT_THAT(out.line(), HasSubstr("served"));
-    out.rest();
-    int status;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 9);
+    OnTerminal run(trap_and_wait("INT"), environment);
+    ASSERT_EQ(run.screen().line(), "waits\r");
+    run.type("\x03");
+    EXPECT_THAT(run.screen().line(), HasSubstr("served"));
+    run.screen().rest();
+    EXPECT_EQ(run.wait(), 9);
     EXPECT_THAT(folder.entries(), IsEmpty());
 }
 

@@ -1,32 +1,29 @@
 // The driver process killed again and again while application processes ask it: a few times as a test, and as often as
 // one likes by scripts/soak.
-#include <errno.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <signal.h>
 #include <stdint.h>
+#include <stdio.h>
 #include <stdlib.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <iostream>
-#include <map>
-#include <new>
 #include <optional>
-#include <span>
 #include <string>
-#include <system_error>
+#include <thread>
 #include <vector>
 
 #include "e2e/support/driver_process.h"
-#include "e2e/support/monotonic_clock.h"
 #include "e2e/support/observe.h"
-#include "e2e/support/soak_page.h"
+#include "quillon/platform.h"
+#include "quillon/swdrv.h"
 
 namespace quillon::test {
 namespace {
@@ -35,7 +32,6 @@ constexpr size_t clients = 8;
 constexpr size_t requesters = 1;  // threads of each client
 constexpr size_t lockers = 1;
 constexpr size_t all_threads = clients * (requesters + lockers);
-static_assert(all_threads <= SoakPage::most_threads);
 
 // By then every thread has been through what it goes through.
 constexpr int kills_before_measuring = 3;
@@ -57,10 +53,10 @@ size_t kilobytes_in(const std::string &status, const std::string &field)
     return found == std::string::npos ? 0 : std::stoul(status.substr(found + field.size() + 1));
 }
 
-Holdings holdings_of(const std::deque<Child> &processes)
+Holdings holdings_of(const std::deque<Application> &processes)
 {
     Holdings all;
-    for (const Child &process : processes) {
+    for (const Application &process : processes) {
         const std::string folder = "/proc/" + std::to_string(process.pid());
         all.descriptors += static_cast<size_t>(std::ranges::distance(
             std::filesystem::directory_iterator(folder + "/fd"), std::filesystem::directory_iterator()));
@@ -71,40 +67,111 @@ Holdings holdings_of(const std::deque<Child> &processes)
     return all;
 }
 
+int64_t monotonic_now()
+{
+    return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+void raise_to(std::atomic<int64_t> &highest, int64_t value)
+{
+    int64_t seen = highest;
+    while (seen < value && !highest.compare_exchange_weak(seen, value)) {
+    }
+}
+
+// What the test and its clients tell each other.
+struct Page {
+    // Of one thread, which makes calls of one kind.
+    struct Thread {
+        std::atomic<uint64_t> served;  // calls that the driver process or its memory answered
+        std::atomic<uint64_t> failed;  // because there was no driver process, or no longer
+        std::atomic<uint64_t> wrong;   // neither of both
+    };
+
+    std::atomic<bool> ends;
+    std::atomic<bool> paused;
+    std::atomic<uint32_t> resting;        // threads that have seen it
+    std::atomic<int64_t> killed_at;       // the last kill
+    std::atomic<int64_t> longest;         // of all calls, in nanoseconds
+    std::atomic<int64_t> longest_failed;  // from a kill to the return of a call that it ended
+    std::array<Thread, all_threads> threads;
+};
+
+using Count = std::atomic<uint64_t> Page::Thread::*;
+
+Count ask()
+{
+    constexpr unsigned chips_of_a_unit = 2;
+    const unsigned chips = DEV_SWDRV_PMGR_GetLocalUnitChipsetNumber();
+    return chips == chips_of_a_unit ? &Page::Thread::served : chips == 0 ? &Page::Thread::failed : &Page::Thread::wrong;
+}
+
+Count take_and_give()
+{
+    constexpr uint32_t packet_path_semaphore = 17;
+    switch (SYSFUN_TakeSem(packet_path_semaphore, QUILLON_WAIT_FOREVER)) {
+        case QUILLON_STATUS_OK:
+        case QUILLON_STATUS_RECOVERED:
+            return SYSFUN_GiveSem(packet_path_semaphore) == QUILLON_STATUS_OK ? &Page::Thread::served
+                                                                              : &Page::Thread::wrong;
+        case QUILLON_STATUS_NO_DRIVER:
+            return &Page::Thread::failed;
+        default:
+            return &Page::Thread::wrong;
+    }
+}
+
+void make_calls(Count (*call)(), Page &page, Page::Thread &self)
+{
+    while (!page.ends) {
+        if (page.paused) {
+            ++page.resting;
+            while (page.paused) {
+                sched_yield();
+            }
+            --page.resting;
+        }
+        const int64_t begun = monotonic_now();
+        const Count outcome = call();
+        const int64_t ended = monotonic_now();
+        raise_to(page.longest, ended - begun);
+        ++(self.*outcome);
+        const int64_t killed_at = page.killed_at;
+        if (outcome == &Page::Thread::failed && begun < killed_at && killed_at < ended) {
+            raise_to(page.longest_failed, ended - killed_at);
+        }
+    }
+}
+
 // Application processes that make calls as fast as they can.
 class Load {
   public:
-    explicit Load(const std::string &folder)
+    Load()
     {
-        const std::string path = folder_.path() + "/page";
-        const host::Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-        void *const memory = ftruncate(file.number(), sizeof(SoakPage)) == 0
-                                 ? mmap(nullptr, sizeof(SoakPage), PROT_READ | PROT_WRITE, MAP_SHARED, file.number(), 0)
-                                 : MAP_FAILED;
-        if (memory == MAP_FAILED) {
-            throw std::system_error(errno, std::generic_category(), path);
-        }
-        page_ = new (memory) SoakPage();
         for (size_t i = 0; i < clients; ++i) {
-            const std::vector<std::string> command = {QUILLON_SOAK_CLIENT, path,
-                                                      std::to_string(i * (requesters + lockers)),
-                                                      std::to_string(requesters), std::to_string(lockers)};
-            clients_.emplace_back(command, std::map<std::string, std::string>{{"QUILLON_RUNTIME_DIR", folder}});
+            auto *const self = &page_->threads[i * (requesters + lockers)];
+            clients_.emplace_back([this, self] {
+                // Failure reports are part of the load; nobody reads them.
+                EXPECT_NE(freopen("/dev/null", "w", stdout), nullptr);
+                DEV_SWDRV_PMGR_InitiateProcessResource();
+                std::vector<std::jthread> threads;
+                for (size_t thread = 0; thread < requesters + lockers; ++thread) {
+                    threads.emplace_back(make_calls, thread < requesters ? ask : take_and_give, std::ref(*page_),
+                                         std::ref(self[thread]));
+                }
+            });
         }
     }
-    ~Load() { munmap(page_, sizeof(SoakPage)); }
-    Load(const Load &) = delete;
-    Load &operator=(const Load &) = delete;
 
-    SoakPage &page() { return *page_; }
+    Page &page() { return *page_; }
 
     // A call of each thread that was begun after this one has been answered.
     void wait_until_all_are_served()
     {
         std::array<uint64_t, all_threads> before;
-        std::ranges::transform(threads(), before.begin(), [](const auto &thread) { return thread.served.load(); });
+        std::ranges::transform(page_->threads, before.begin(), [](const auto &thread) { return thread.served.load(); });
         for (size_t i = 0; i < all_threads; ++i) {
-            wait_until("a thread's call is answered", [&] { return threads()[i].served >= before[i] + 2; });
+            wait_until("a thread's call is answered", [&] { return page_->threads[i].served >= before[i] + 2; });
         }
     }
 
@@ -119,10 +186,10 @@ class Load {
         return all;
     }
 
-    uint64_t total(std::atomic<uint64_t> SoakPage::Thread::*count)
+    uint64_t total(Count count)
     {
         uint64_t sum = 0;
-        for (const SoakPage::Thread &thread : threads()) {
+        for (const Page::Thread &thread : page_->threads) {
             sum += thread.*count;
         }
         return sum;
@@ -130,18 +197,15 @@ class Load {
 
     void end()
     {
-        for (Child &client : clients_) {
-            client.close_input();
-            EXPECT_EQ(client.wait(), 0);
+        page_->ends = true;
+        for (Application &client : clients_) {
+            client.expect_success();
         }
     }
 
   private:
-    std::span<SoakPage::Thread> threads() { return std::span(page_->threads).first(all_threads); }
-
-    TestFolder folder_;
-    SoakPage *page_;
-    std::deque<Child> clients_;
+    Shared<Page> page_;
+    std::deque<Application> clients_;
 };
 
 int wanted_kills()
@@ -157,9 +221,8 @@ constexpr int64_t microsecond = 1000;
 TEST(Soak, KillsUnderLoadLeaveNothingBehind)
 {
     const int kills = wanted_kills();
-    const TestFolder folder;
-    std::optional<DriverProcess> driver(std::in_place, folder.path(), options);
-    Load load(folder.path());
+    std::optional<DriverProcess> driver(std::in_place, runtime_folder(), options);
+    Load load;
     Holdings before;
     for (int kill = -kills_before_measuring; kill < kills; ++kill) {
         load.wait_until_all_are_served();
@@ -171,19 +234,20 @@ TEST(Soak, KillsUnderLoadLeaveNothingBehind)
         }
         load.page().killed_at = monotonic_now();
         driver->kill_and_wait();
-        driver.emplace(folder.path(), options);
+        driver.emplace(runtime_folder(), options);
     }
     load.wait_until_all_are_served();
     const Holdings after = load.holdings();
     load.end();
     driver->signal(SIGTERM);
     EXPECT_EQ(driver->wait(), 0);
+    const auto files_left = std::distance(std::filesystem::directory_iterator(runtime_folder()), {});
 
     std::cout << "kills of the driver process       " << kills << " under " << all_threads << " threads of " << clients
               << " processes\n"
-              << "calls answered                    " << load.total(&SoakPage::Thread::served) << '\n'
-              << "calls failed for want of a driver " << load.total(&SoakPage::Thread::failed) << '\n'
-              << "calls with another outcome        " << load.total(&SoakPage::Thread::wrong) << '\n'
+              << "calls answered                    " << load.total(&Page::Thread::served) << '\n'
+              << "calls failed for want of a driver " << load.total(&Page::Thread::failed) << '\n'
+              << "calls with another outcome        " << load.total(&Page::Thread::wrong) << '\n'
               << "longest call                      " << load.page().longest / microsecond << " us\n"
               << "longest end of a call by a kill   " << load.page().longest_failed / microsecond << " us\n"
               << "descriptors of all clients        " << before.descriptors << " before, " << after.descriptors
@@ -192,13 +256,13 @@ TEST(Soak, KillsUnderLoadLeaveNothingBehind)
               << " KiB after\n"
               << "mapped memory of all clients      " << before.mapped << " KiB before, " << after.mapped
               << " KiB after\n"
-              << "files left in the run-time folder " << folder.entries().size() << '\n';
+              << "files left in the run-time folder " << files_left << '\n';
 
-    EXPECT_EQ(load.total(&SoakPage::Thread::wrong), 0u);
+    EXPECT_EQ(load.total(&Page::Thread::wrong), 0u);
     EXPECT_EQ(after.descriptors, before.descriptors);
     EXPECT_LE(after.resident, before.resident + clients * largest_growth);
     EXPECT_LE(after.mapped, before.mapped + clients * largest_growth);
-    EXPECT_TRUE(folder.entries().empty());
+    EXPECT_EQ(files_left, 0);
 }
 
 }  // namespace

@@ -59,7 +59,7 @@ TEST(DriverLoss, EndsEveryWaitingCall)
         WaitingCalls calls(queue, events);
         driver.process().signal(signal);
         calls.expect_all(QUILLON_STATUS_DRIVER_DIED);
-        EXPECT_EQ(driver.process().wait(), signal == SIGKILL ? -SIGKILL : 0);
+        EXPECT_EQ(driver.process().wait(), signal == SIGKILL ? 128 + SIGKILL : 0);
         Envelope envelope(Ask::echo);
         EXPECT_EQ(exchange(queue, envelope), QUILLON_STATUS_NO_DRIVER);
     }

@@ -31,19 +31,6 @@ inline host::SharedLayout layout()
             .transmit_area = kTransmitArea};
 }
 
-// Waits for what only a fault can keep from happening.
-inline bool comes_true(const std::function<bool()> &condition)
-{
-    const auto give_up = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > give_up) {
-            return false;
-        }
-        std::this_thread::yield();
-    }
-    return true;
-}
-
 // In a process of its own, so that the test program stays one that was never attached to memory.
 inline void as_client(const std::function<void()> &body)
 {

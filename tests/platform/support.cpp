@@ -40,26 +40,7 @@ constexpr int kMostDescriptors = 4096;
 }
 
 // Set before any test runs: the client's half looks it up once.
-class TestFolder {
-  public:
-    TestFolder()
-    {
-        char name[] = "/tmp/quillon-test-XXXXXX";
-        if (mkdtemp(name) == nullptr || setenv("QUILLON_RUNTIME_DIR", name, 1) != 0) {
-            fail("run-time folder");
-        }
-        path = name;
-    }
-    ~TestFolder()
-    {
-        if (owner == getpid()) {
-            std::filesystem::remove_all(path);
-        }
-    }
-    std::string path;
-    pid_t owner = getpid();
-};
-const TestFolder test_folder;
+[[maybe_unused]] const std::string &folder_at_first = runtime_folder();
 
 char letter(Incident::Kind kind)
 {
@@ -216,126 +197,9 @@ sockaddr_un address_of(uint32_t key)
 
 }  // namespace
 
-const std::string &runtime_folder()
-{
-    return test_folder.path;
-}
-
 std::string queue_path(uint32_t key)
 {
     return runtime_folder() + "/queue-" + std::to_string(key);
-}
-
-Events::Events()
-{
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) {
-        fail("pipe");
-    }
-    read_ = ends[0];
-    write_ = ends[1];
-}
-
-Events::~Events()
-{
-    close(read_);
-    close(write_);
-}
-
-void Events::tell(char what) const
-{
-    if (write(write_, &what, 1) != 1) {
-        fail("write");
-    }
-}
-
-char Events::next() const
-{
-    pollfd readable = {.fd = read_, .events = POLLIN, .revents = 0};
-    char what = '\0';
-    if (poll(&readable, 1, 60'000) != 1 || read(read_, &what, 1) != 1) {
-        ADD_FAILURE() << "what was waited for did not happen";
-    }
-    return what;
-}
-
-Process::Process(const Body &body)
-{
-    const Events started;
-    pid_ = fork();
-    if (pid_ < 0) {
-        fail("fork");
-    }
-    if (pid_ == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        int status = 70;
-        try {
-            status = body([&] { started.tell('r'); });
-        } catch (const std::exception &error) {
-            fprintf(stderr, "in a child process: %s\n", error.what());
-        }
-        fflush(nullptr);
-        _exit(status == 0 && testing::Test::HasFailure() ? 71 : status);
-    }
-    started.next();
-}
-
-Process::~Process()
-{
-    kill_and_wait();
-}
-
-void Process::signal(int number) const
-{
-    kill(pid_, number);
-}
-
-int Process::wait()
-{
-    int status = 0;
-    if (pid_ < 0 || waitpid(pid_, &status, 0) != pid_) {
-        return -1;
-    }
-    pid_ = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
-void Process::kill_and_wait()
-{
-    if (pid_ > 0) {
-        kill(pid_, SIGKILL);
-        wait();
-    }
-}
-
-bool Process::falls_asleep() const
-{
-    const auto asleep = [](const std::filesystem::directory_entry &thread) {
-        // "id (name) state ...", with the name's own parentheses
-        std::ifstream file(thread.path() / "stat");
-        std::string line;
-        std::getline(file, line);
-        const size_t name_end = line.rfind(") ");
-        return name_end != std::string::npos && line.compare(name_end, 3, ") S") == 0;
-    };
-    const auto give_up = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    const std::filesystem::path threads = "/proc/" + std::to_string(pid_) + "/task";
-    while (std::chrono::steady_clock::now() < give_up) {
-        if (std::all_of(std::filesystem::directory_iterator(threads), {}, asleep)) {
-            return true;
-        }
-        std::this_thread::yield();
-    }
-    return false;
-}
-
-int in_child(const std::function<int()> &body)
-{
-    return Process([&](const auto &ready) {
-               ready();
-               return body();
-           })
-        .wait();
 }
 
 Driver::Driver(const Events *events, const std::function<void()> &first)

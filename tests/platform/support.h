@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "e2e/support/child.h"
+#include "e2e/support/observe.h"
 #include "host/platform/packet.h"
 #include "host/platform/queue_server.h"
 #include "quillon/platform.h"
@@ -23,51 +25,7 @@ namespace quillon::test {
 inline constexpr uint32_t kQueue = 24;
 inline constexpr uint32_t kOtherQueue = 59;
 
-// The run-time folder of this test program; all its processes use it.
-const std::string &runtime_folder();
 std::string queue_path(uint32_t key = kQueue);
-
-// A pipe of single letters from a driver process to the test, for "this has happened".
-class Events {
-  public:
-    Events();
-    ~Events();
-    Events(const Events &) = delete;
-    Events &operator=(const Events &) = delete;
-
-    void tell(char what) const;
-    // Waits for the next one; '\0' when none comes in a time that only a fault can last.
-    char next() const;
-
-  private:
-    int read_ = -1;
-    int write_ = -1;
-};
-
-// A process of its own, killed at the end of the scope if it still runs.
-class Process {
-  public:
-    // `body` gets a function to call once the constructor may return. Its result is the exit status.
-    using Body = std::function<int(const std::function<void()> &ready)>;
-    explicit Process(const Body &body);
-    ~Process();
-    Process(const Process &) = delete;
-    Process &operator=(const Process &) = delete;
-
-    pid_t pid() const { return pid_; }
-    void signal(int number) const;
-    // The exit status, or minus the signal that ended it.
-    int wait();
-    void kill_and_wait();
-    // Waits until all its threads sleep. False when that does not come.
-    bool falls_asleep() const;
-
-  private:
-    pid_t pid_ = -1;
-};
-
-// Runs `body` in a child process. Returns its result.
-int in_child(const std::function<int()> &body);
 
 // What the driver process of the tests does, by the `type` of the request.
 enum class Ask : uint32_t {

@@ -8,17 +8,17 @@ quillon_test(platform_tests
   platform/shared_run_test.cpp
   platform/support.cpp)
 target_compile_definitions(platform_tests PRIVATE QUILLON_EMULATOR="${CMAKE_CROSSCOMPILING_EMULATOR}")
-target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform quillon_queue_server)
+target_link_libraries(platform_tests PRIVATE GTest::gmock quillon_platform e2e_support)
 
 # Its processes start driver processes while they have threads. The emulator's own threads do not outlive such a fork,
 # and what the sanitizers keep of threads and memory may be locked in the child for ever.
 if(NOT QUILLON_SANITIZE)
   quillon_native_test(platform_loss_tests platform/shared_run_loss_test.cpp platform/support.cpp)
-  target_link_libraries(platform_loss_tests PRIVATE quillon_platform quillon_queue_server)
+  target_link_libraries(platform_loss_tests PRIVATE quillon_platform e2e_support)
 endif()
 
 # It puts a malloc() of its own in place, as the sanitizers do.
 if(NOT QUILLON_SANITIZE)
   quillon_test(platform_heap_test platform/heap_test.cpp platform/support.cpp)
-  target_link_libraries(platform_heap_test PRIVATE quillon_platform quillon_queue_server)
+  target_link_libraries(platform_heap_test PRIVATE quillon_platform e2e_support)
 endif()

@@ -10,9 +10,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <filesystem>
 #include <sstream>
 #include <system_error>
+
+#include "e2e/support/observe.h"
 
 namespace quillon::test {
 namespace {
@@ -118,10 +122,10 @@ ChildBase::~ChildBase()
     kill_and_wait();
 }
 
-void ChildBase::start(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment,
-                      const std::function<void()> &connect_streams)
+void ChildBase::start(const std::function<void()> &body)
 {
     const pid_t test = getpid();
+    fflush(nullptr);  // or the child prints it once more
     pid_ = fork();
     if (pid_ < 0) {
         throw std::system_error(errno, std::generic_category(), "fork");
@@ -131,8 +135,8 @@ void ChildBase::start(const std::vector<std::string> &command, const std::map<st
         if (getppid() != test) {
             _exit(127);
         }
-        connect_streams();
-        become(command, environment);
+        body();
+        _exit(127);
     }
 }
 
@@ -141,10 +145,11 @@ Child::Child(const std::vector<std::string> &command, const std::map<std::string
     Pipe input;
     Pipe out;
     Pipe err;
-    start(command, environment, [&] {
+    start([&] {
         dup2(input.reading.number(), STDIN_FILENO);
         dup2(out.writing.number(), STDOUT_FILENO);
         dup2(err.writing.number(), STDERR_FILENO);
+        become(command, environment);
     });
     input_ = std::move(input.writing);
     out_ = Output(std::move(out.reading));
@@ -181,6 +186,90 @@ int ChildBase::kill_and_wait()
         kill(pid_, SIGKILL);
     }
     return wait();
+}
+
+void *shared_memory(size_t size)
+{
+    void *const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) {
+        throw std::system_error(errno, std::generic_category(), "mmap");
+    }
+    return memory;
+}
+
+Events::Events()
+{
+    Pipe pipe;
+    reading_ = std::move(pipe.reading);
+    writing_ = std::move(pipe.writing);
+}
+
+void Events::tell(char what) const
+{
+    if (write(writing_.number(), &what, 1) != 1) {
+        throw std::system_error(errno, std::generic_category(), "write");
+    }
+}
+
+char Events::next() const
+{
+    pollfd readable = {.fd = reading_.number(), .events = POLLIN, .revents = 0};
+    char what = '\0';
+    if (poll(&readable, 1, longest_wait_milliseconds) != 1 || read(reading_.number(), &what, 1) != 1) {
+        ADD_FAILURE() << "what was waited for did not happen";
+    }
+    return what;
+}
+
+Process::Process(const Body &body)
+{
+    const Events started;
+    start([&] {
+        int status = 70;
+        try {
+            status = body([&] { started.tell('r'); });
+        } catch (const std::exception &error) {
+            fprintf(stderr, "in a child process: %s\n", error.what());
+        }
+        fflush(nullptr);
+        _exit(status == 0 && testing::Test::HasFailure() ? 71 : status);
+    });
+    started.next();
+}
+
+bool Process::falls_asleep() const
+{
+    const auto asleep = [](const std::filesystem::directory_entry &thread) {
+        // "id (name) state ...", with the name's own parentheses
+        const std::string line = contents_of(thread.path() / "stat");
+        const size_t name_end = line.rfind(") ");
+        return name_end != std::string::npos && line.compare(name_end, 3, ") S") == 0;
+    };
+    const std::filesystem::path threads = "/proc/" + std::to_string(pid()) + "/task";
+    return comes_true([&] { return std::all_of(std::filesystem::directory_iterator(threads), {}, asleep); });
+}
+
+Application::Application(const std::function<void()> &body)
+    : Process([&](const auto &ready) {
+          ready();
+          body();
+          return 0;
+      })
+{
+}
+
+void Application::expect_success()
+{
+    EXPECT_EQ(wait(), 0) << "what the process has printed says why";
+}
+
+int in_child(const std::function<int()> &body)
+{
+    return Process([&](const auto &ready) {
+               ready();
+               return body();
+           })
+        .wait();
 }
 
 std::vector<std::string> lines_of(const std::string &text)

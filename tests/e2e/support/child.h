@@ -1,10 +1,12 @@
-// Programs that a test runs, as processes of their own.
+// Programs, and functions of the test's, that run as processes of their own.
 #pragma once
 
+#include <sys/mman.h>
 #include <sys/types.h>
 
 #include <functional>
 #include <map>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +14,8 @@
 #include "host/platform/descriptor.h"
 
 namespace quillon::test {
+
+void *shared_memory(size_t size);
 
 // The reading end of a pipe, or of a terminal.
 class Output {
@@ -49,9 +53,8 @@ class ChildBase {
   protected:
     ChildBase() = default;
 
-    // Standard streams are connected by the process itself. `environment` adds to the test's own.
-    void start(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment,
-               const std::function<void()> &connect_streams);
+    // The process runs `body`, which does not return.
+    void start(const std::function<void()> &body);
 
   private:
     pid_t pid_ = -1;
@@ -72,6 +75,59 @@ class Child : public ChildBase {
     host::Descriptor input_;
     Output out_;
     Output err_;
+};
+
+// Single letters from one process to another, for "this has happened".
+class Events {
+  public:
+    Events();
+
+    void tell(char what) const;
+    // Waits for the next one; '\0' when none comes in a time that only a fault can last.
+    char next() const;
+
+  private:
+    host::Descriptor reading_;
+    host::Descriptor writing_;
+};
+
+// Runs a function of the test's, whose failed expectations end it with a status other than 0.
+class Process : public ChildBase {
+  public:
+    // `body` gets a function to call once the constructor may return. Its result is the exit status.
+    using Body = std::function<int(const std::function<void()> &ready)>;
+    explicit Process(const Body &body);
+
+    // Waits until all its threads sleep. False when that does not come.
+    bool falls_asleep() const;
+};
+
+// An application process beside the test's own: `body` is at work when the constructor returns.
+class Application : public Process {
+  public:
+    explicit Application(const std::function<void()> &body);
+
+    // Until `body` has returned.
+    void expect_success();
+};
+
+// Runs `body` in a process of its own. Returns its result.
+int in_child(const std::function<int()> &body);
+
+// One T that the test and the processes that it starts from here on have in common.
+template <class T>
+class Shared {
+  public:
+    Shared() : object_(new (shared_memory(sizeof(T))) T()) {}
+    ~Shared() { munmap(object_, sizeof(T)); }
+    Shared(const Shared &) = delete;
+    Shared &operator=(const Shared &) = delete;
+
+    T &operator*() const { return *object_; }
+    T *operator->() const { return object_; }
+
+  private:
+    T *object_;
 };
 
 // In a child process: becomes this program. `environment` adds to the test's own.

@@ -35,6 +35,13 @@ void DriverProcess::stop()
     ASSERT_TRUE(WIFSTOPPED(status));
 }
 
+void DriverProcess::expect_quiet_end()
+{
+    signal(SIGTERM);
+    EXPECT_EQ(err().rest(), "") << "as when nothing was refused as malformed";
+    EXPECT_EQ(wait(), 0);
+}
+
 std::vector<std::string> driver_command(const std::vector<std::string> &options)
 {
     return command_of(QUILLON_DRIVER, options);
@@ -52,6 +59,11 @@ Ended run_to_end(const std::vector<std::string> &command, const std::map<std::st
     const std::string out = child.out().rest();
     const std::string err = child.err().rest();
     return {child.wait(), out, err};
+}
+
+Ended control(const std::string &folder, const std::vector<std::string> &words)
+{
+    return run_to_end(command_of(QUILLON_CTL, words), {{"QUILLON_RUNTIME_DIR", folder}});
 }
 
 }  // namespace quillon::test

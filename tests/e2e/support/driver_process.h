@@ -19,6 +19,8 @@ class DriverProcess : public Child {
     // Stopped, it answers nobody. All of its threads have stopped when this returns.
     void stop();
     void resume() { signal(SIGCONT); }
+    // Ends by a signal, with nothing more to say.
+    void expect_quiet_end();
 };
 
 std::vector<std::string> driver_command(const std::vector<std::string> &options);
@@ -32,5 +34,8 @@ struct Ended {
 
 // Runs a program that ends by itself.
 Ended run_to_end(const std::vector<std::string> &command, const std::map<std::string, std::string> &environment = {});
+
+// Runs quillon-ctl on the driver process in `folder`.
+Ended control(const std::string &folder, const std::vector<std::string> &words);
 
 }  // namespace quillon::test

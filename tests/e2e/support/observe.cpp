@@ -15,29 +15,43 @@
 
 namespace quillon::test {
 
-void wait_until(const std::string &what, const std::function<bool()> &is_true)
+bool comes_true(const std::function<bool()> &is_true)
 {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::seconds(60);
     while (!is_true()) {
-        ASSERT_LT(Clock::now(), end) << "waited in vain until " << what;
+        if (Clock::now() > end) {
+            return false;
+        }
         sched_yield();
     }
+    return true;
 }
 
-// The first word is the system call's number, or "running".
-bool waits_for_reply(pid_t process, pid_t thread)
+void wait_until(const std::string &what, const std::function<bool()> &is_true)
 {
-    const std::string task = "/proc/" + std::to_string(process) + "/task/" + std::to_string(thread);
-    const std::string call = contents_of(task + "/syscall");
-    const std::string number = call.substr(0, call.find(' '));
-    return std::ranges::any_of(std::initializer_list<long>{SYS_recvmsg, SYS_recvfrom, SYS_ppoll
+    ASSERT_TRUE(comes_true(is_true)) << "waited in vain until " << what;
+}
+
+void wait_until_waiting(pid_t process, size_t threads)
+{
+    const auto waits = [](const std::filesystem::directory_entry &thread) {
+        // The first word is the system call's number, or "running".
+        const std::string call = contents_of(thread.path() / "syscall");
+        const std::string number = call.substr(0, call.find(' '));
+        return std::ranges::any_of(std::initializer_list<long>{SYS_recvmsg, SYS_recvfrom, SYS_ppoll
 #ifdef SYS_poll
-                                                           ,
-                                                           SYS_poll
+                                                               ,
+                                                               SYS_poll
 #endif
-                               },
-                               [&](long waiting) { return number == std::to_string(waiting); });
+                                   },
+                                   [&](long waiting) { return number == std::to_string(waiting); });
+    };
+    const std::filesystem::path tasks = "/proc/" + std::to_string(process) + "/task";
+    wait_until("the threads wait for their replies", [&] {
+        const std::filesystem::directory_iterator all(tasks);
+        return std::count_if(begin(all), end(all), waits) == static_cast<ptrdiff_t>(threads);
+    });
 }
 
 size_t sockets_of(pid_t process)
@@ -73,6 +87,14 @@ std::vector<std::string> TestFolder::entries() const
     }
     std::ranges::sort(names);
     return names;
+}
+
+const std::string &runtime_folder()
+{
+    static const TestFolder folder;
+    static const int set = setenv("QUILLON_RUNTIME_DIR", folder.path().c_str(), 1);
+    EXPECT_EQ(set, 0);
+    return folder.path();
 }
 
 std::string contents_of(const std::string &path)

@@ -9,11 +9,13 @@
 
 namespace quillon::test {
 
-// Asks until it is true. Fails the test after a time that only a hang can last.
+// Asks until it is true, or for a time that only a hang can last.
+bool comes_true(const std::function<bool()> &is_true);
+// The same; a hang fails the test.
 void wait_until(const std::string &what, const std::function<bool()> &is_true);
 
-// The thread sleeps in the platform's call, so that its request is on the way.
-bool waits_for_reply(pid_t process, pid_t thread);
+// So many threads of the process sleep in the platform's call, so that their requests are on the way.
+void wait_until_waiting(pid_t process, size_t threads);
 
 size_t sockets_of(pid_t process);
 
@@ -31,6 +33,9 @@ class TestFolder {
   private:
     std::string path_;
 };
+
+// Of this test program, as a client and as the one who starts all others. A client looks it up once.
+const std::string &runtime_folder();
 
 // Empty when it cannot be read.
 std::string contents_of(const std::string &path);

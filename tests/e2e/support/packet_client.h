@@ -1,44 +1,27 @@
 // The test's own process on the packet path, beside a real driver process.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <stdint.h>
-#include <stdlib.h>
 #include <string.h>
 
+#include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "e2e/support/control.h"
-#include "e2e/support/driver_process.h"
-#include "e2e/support/observe.h"
+#include "e2e/support/client_test.h"
 #include "nicdrv/shared_record.h"
 #include "quillon/nicdrv.h"
 #include "quillon/receive.h"
 
 namespace quillon::test {
 
-class PacketClientTest : public testing::Test {
+class PacketClientTest : public ClientTest {
   protected:
     PacketClientTest()
     {
         EXPECT_EQ(DEV_NICDRV_PMGR_InitiateProcessResource(), 1);
         EXPECT_EQ(DEV_NICDRV_OM_InitateProcessResource(), 1);
-    }
-
-    // A client looks its run-time folder up once.
-    static const std::string &folder()
-    {
-        static const TestFolder for_this_process;
-        static const int set = setenv("QUILLON_RUNTIME_DIR", for_this_process.path().c_str(), 1);
-        EXPECT_EQ(set, 0);
-        return for_this_process.path();
-    }
-
-    static void command(const std::vector<std::string> &words)
-    {
-        const Ended ended = control(folder(), words);
-        EXPECT_EQ(ended.status, 0) << ended.err;
     }
 
     // 60 bytes, each of them the cookie.
@@ -49,8 +32,22 @@ class PacketClientTest : public testing::Test {
         for (int i = 0; i < 60; ++i) {
             hex += digits;
         }
-        command({"inject-packet", "1", "5", "cookie=" + std::to_string(cookie), "cpu-code=" + std::to_string(cpu_code),
-                 "count=" + std::to_string(count), hex});
+        told({"inject-packet", "1", "5", "cookie=" + std::to_string(cookie), "cpu-code=" + std::to_string(cpu_code),
+              "count=" + std::to_string(count), hex});
+    }
+
+    // What comes, and no more than `most`.
+    static std::vector<QuillonReceivedPacket> receive_some(size_t most)
+    {
+        constexpr uint32_t only_a_hang_lasts = 60'000;
+        std::vector<QuillonReceivedPacket> packets(std::min<size_t>(most, QUILLON_RECEIVE_MOST));
+        uint32_t received = 0;
+        if (quillon_receive_packets(packets.data(), static_cast<uint32_t>(packets.size()), only_a_hang_lasts,
+                                    &received) != QUILLON_STATUS_OK) {
+            throw std::runtime_error("no packet comes");
+        }
+        packets.resize(received);
+        return packets;
     }
 
     // So many, as soon as they are there.
@@ -58,15 +55,8 @@ class PacketClientTest : public testing::Test {
     {
         std::vector<QuillonReceivedPacket> all;
         while (all.size() < count) {
-            QuillonReceivedPacket packets[QUILLON_RECEIVE_MOST];
-            uint32_t received = 0;
-            constexpr uint32_t only_a_hang_lasts = 60'000;
-            const auto most = static_cast<uint32_t>(count - all.size());
-            if (quillon_receive_packets(packets, most, only_a_hang_lasts, &received) != QUILLON_STATUS_OK) {
-                ADD_FAILURE() << "received " << all.size() << " packets";
-                break;
-            }
-            all.insert(all.end(), packets, packets + received);
+            const auto some = receive_some(count - all.size());
+            all.insert(all.end(), some.begin(), some.end());
         }
         return all;
     }
@@ -83,8 +73,6 @@ class PacketClientTest : public testing::Test {
         memcpy(&copy, SYSRSC_MGR_GetShMem(nicdrv::shared_record_segment), sizeof copy);
         return copy;
     }
-
-    DriverProcess driver{folder(), {"--log-level=warning"}};
 };
 
 }  // namespace quillon::test

@@ -22,9 +22,10 @@ OnTerminal::OnTerminal(const std::vector<std::string> &command, const std::map<s
     keyboard_ = host::Descriptor(operator_end);
     const host::Descriptor program(program_end);
     screen_ = Output(host::Descriptor(fcntl(operator_end, F_DUPFD_CLOEXEC, 0)));
-    start(command, environment, [&] {
+    start([&] {
         keyboard_.reset();
         login_tty(program.number());
+        become(command, environment);
     });
 }
 
