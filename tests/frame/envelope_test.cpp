@@ -1,7 +1,13 @@
-// The room of an envelope: 20 bytes and the larger of both sizes, which are counted from `type` on.
+// The room of an envelope, 20 bytes and the larger of both sizes, which are counted from `type` on, and its fields.
+// What families make of it is in the wire tests.
 #include "ipc/envelope.h"
 
 #include <gtest/gtest.h>
+
+#include "ipc/exchange.h"
+#include "nicdrv/family.h"
+#include "support/recording_platform.h"
+#include "support/used_stack.h"
 
 namespace quillon::test {
 namespace {
@@ -38,15 +44,21 @@ TEST(EnvelopeTest, IsAsLargeAsItsOwnCommandNeeds)
     EXPECT_EQ((alignof(Envelope<Unused<1>, Empty, 20>)), 8);
 }
 
-TEST(EnvelopeTest, StartsItsDataWhereTheFamilyDoes)
+TEST(EnvelopeTest, SendsTheWholeWordOfANarrowField)
 {
-    const Envelope<Unused<4>, Unused<4>, 24> at_24{};
-    const Envelope<Unused<4>, Unused<4>, 20> at_20{};
-    const auto offset_in = [](const auto &envelope) {
-        return reinterpret_cast<const char *>(&envelope.data) - reinterpret_cast<const char *>(&envelope);
+    struct Narrow {
+        ipc::Padded<uint8_t> byte;
+        ipc::Padded<uint16_t> half;
     };
-    EXPECT_EQ(offset_in(at_24), 24);
-    EXPECT_EQ(offset_in(at_20), 20);
+    reset_platform();
+    platform().answer = [](const SentRequest &) { return PlayedReply{}; };
+    leave_garbage_on_the_stack();
+
+    ipc::call<nicdrv::Command<2, Narrow>>({.byte = uint8_t{0x91}, .half = uint16_t{0xA2A1}});
+
+    EXPECT_EQ(
+        differences(bytes_of("--*8 25000C00 --*4 02000000 --*4 91000000 A1A20000"), platform().sent.at(0).envelope),
+        "");
 }
 
 }  // namespace

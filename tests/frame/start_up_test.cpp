@@ -54,86 +54,52 @@ TEST_P(StartUpTest, AttachesInOrderAndReportsAsTheFamilyDoes)
     EXPECT_EQ(platform().shell_commands, std::vector<std::string>{});
 }
 
-std::optional<uint8_t> start_swdrv()
+template <void (*start_up)()>
+std::optional<uint8_t> started()
 {
-    DEV_SWDRV_PMGR_InitiateProcessResource();
-    return std::nullopt;
-}
-
-std::optional<uint8_t> start_amtrdrv()
-{
-    DEV_AMTRDRV_PMGR_InitiateProcessResource();
-    return std::nullopt;
-}
-
-std::optional<uint8_t> start_nicdrv()
-{
-    return DEV_NICDRV_PMGR_InitiateProcessResource();
-}
-
-std::optional<uint8_t> start_swdrvl4()
-{
-    DEV_SWDRVL4_PMGR_InitiateProcessResource();
-    return std::nullopt;
-}
-
-std::optional<uint8_t> start_swdrvl3()
-{
-    DEV_SWDRVL3_PMGR_InitiateProcessResource();
-    return std::nullopt;
-}
-
-std::optional<uint8_t> start_nmtrdrv()
-{
-    DEV_NMTRDRV_PMGR_InitiateProcessResource();
-    return std::nullopt;
-}
-
-std::optional<uint8_t> start_devrm()
-{
-    DEVRM_PMGR_InitiateProcessResource();
+    start_up();
     return std::nullopt;
 }
 
 const StartUpCase start_up_cases[] = {
-    {"swdrv", start_swdrv, {}, {24, 59}},
-    {"swdrv_without_24", start_swdrv, {24}, {24, 59}},
-    {"swdrv_without_59", start_swdrv, {59}, {24, 59}},
-    {"amtrdrv", start_amtrdrv, {}, {24}},
+    {"swdrv", started<DEV_SWDRV_PMGR_InitiateProcessResource>, {}, {24, 59}},
+    {"swdrv_without_24", started<DEV_SWDRV_PMGR_InitiateProcessResource>, {24}, {24, 59}},
+    {"swdrv_without_59", started<DEV_SWDRV_PMGR_InitiateProcessResource>, {59}, {24, 59}},
+    {"amtrdrv", started<DEV_AMTRDRV_PMGR_InitiateProcessResource>, {}, {24}},
     {"amtrdrv_without_24",
-     start_amtrdrv,
+     started<DEV_AMTRDRV_PMGR_InitiateProcessResource>,
      {24},
      {24},
      "DEV_AMTRDRV_PMGR_InitiateProcessResource(): SYSFUN_GetMsgQ fail.\n"},
-    {"nicdrv", start_nicdrv, {}, {25, 52}, "", 1},
+    {"nicdrv", DEV_NICDRV_PMGR_InitiateProcessResource, {}, {25, 52}, "", 1},
     {"nicdrv_without_25",
-     start_nicdrv,
+     DEV_NICDRV_PMGR_InitiateProcessResource,
      {25},
      {25},
      "DEV_NICDRV_PMGR_InitiateProcessResource(): SYSFUN_GetMsgQ fail.\n",
      0},
     {"nicdrv_without_52",
-     start_nicdrv,
+     DEV_NICDRV_PMGR_InitiateProcessResource,
      {52},
      {25, 52},
      "DEV_NICDRV_PMGR_InitiateProcessResource(): SYSFUN_GetMsgQ fail.\n",
      0},
-    {"swdrvl4", start_swdrvl4, {}, {24}},
-    {"swdrvl4_without_24", start_swdrvl4, {24}, {24}},
-    {"swdrvl3", start_swdrvl3, {}, {24}},
+    {"swdrvl4", started<DEV_SWDRVL4_PMGR_InitiateProcessResource>, {}, {24}},
+    {"swdrvl4_without_24", started<DEV_SWDRVL4_PMGR_InitiateProcessResource>, {24}, {24}},
+    {"swdrvl3", started<DEV_SWDRVL3_PMGR_InitiateProcessResource>, {}, {24}},
     {"swdrvl3_without_24",
-     start_swdrvl3,
+     started<DEV_SWDRVL3_PMGR_InitiateProcessResource>,
      {24},
      {24},
      "DEV_SWDRVL3_PMGR_InitiateProcessResource(): SYSFUN_GetMsgQ fail.\n"},
-    {"nmtrdrv", start_nmtrdrv, {}, {24}},
+    {"nmtrdrv", started<DEV_NMTRDRV_PMGR_InitiateProcessResource>, {}, {24}},
     {"nmtrdrv_without_24",
-     start_nmtrdrv,
+     started<DEV_NMTRDRV_PMGR_InitiateProcessResource>,
      {24},
      {24},
      "DEV_NMTRDRV_PMGR_InitiateProcessResource(): SYSFUN_GetMsgQ fail.\n"},
-    {"devrm", start_devrm, {}, {24}},
-    {"devrm_without_24", start_devrm, {24}, {24}, "(): SYSFUN_GetMsgQ fail.\n"},
+    {"devrm", started<DEVRM_PMGR_InitiateProcessResource>, {}, {24}},
+    {"devrm_without_24", started<DEVRM_PMGR_InitiateProcessResource>, {24}, {24}, "(): SYSFUN_GetMsgQ fail.\n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Family, StartUpTest, testing::ValuesIn(start_up_cases),

@@ -1,8 +1,6 @@
 # The frame is not exported: its one source is compiled into the test.
 quillon_recorded_test(frame_test
   frame/envelope_test.cpp
-  frame/exchange_test.cpp
-  frame/failure_test.cpp
   ${PROJECT_SOURCE_DIR}/ipc/failure_report.cpp
 )
 target_include_directories(frame_test PRIVATE ${PROJECT_SOURCE_DIR})

@@ -211,91 +211,56 @@ TEST_F(LoansTest, ThatCannotBeFreedStayCountedWhateverTheirCookie)
     }
 }
 
-struct FlowCase {
-    const char *name;
-    uint8_t stopped;
-    uint32_t held_before;
-    uint32_t resume_level;
-    bool wakes;
-};
-
-void PrintTo(const FlowCase &flow_case, std::ostream *stream)
+TEST_F(LoansTest, WakeTheReceiveTaskOnceAndWithoutTheSemaphore)
 {
-    *stream << flow_case.name;
-}
+    constexpr uint32_t cookie = 2;
+    constexpr uint16_t pool = 5;
+    constexpr uint32_t not_sent = 0x100;
+    const struct {
+        const char *what;
+        uint8_t stopped;
+        uint32_t held_before;
+        uint32_t resume_level;
+        bool wakes;
+    } cases[] = {
+        {"falls below the level", 1, 100, 100, true},     {"falls to the level", 1, 101, 100, false},
+        {"is below already", 1, 99, 100, true},           {"falls to nothing", 1, 1, 1, true},
+        {"never falls below level 0", 1, 1, 0, false},    {"is not stopped", 0, 100, 100, false},
+        {"any value stops", 0x80, 100, 100, true},        {"levels have no sign", 1, 0x80000000, 0x80000000, true},
+        {"counts have no sign", 1, 0, 0x7FFFFFFF, false},
+    };
+    DEV_NICDRV_OM_SetFreeFunc(recorded_free);
+    use_pool(cookie, pool);
+    const Changes changes = {{200, 1}, {296, minus_1}, {64, minus_1}, {176, minus_1}, {104, minus_1}};
+    for (const auto &one : cases) {
+        for (const uint32_t status : {0U, not_sent}) {
+            // Only the pool of the cookie counts: all others say the opposite.
+            for (uint32_t other = 0; other < 10; ++other) {
+                record[pool_stopped_at + other] = one.wakes ? 0 : 1;
+                put_word(record, pool_flow_held_at + size_t{4} * other, one.wakes ? 1000 : 0);
+                put_word(record, pool_resume_level_at + size_t{4} * other, 500);
+            }
+            record[pool_stopped_at + pool] = one.stopped;
+            put_word(record, pool_flow_held_at + size_t{4} * pool, one.held_before);
+            put_word(record, pool_resume_level_at + size_t{4} * pool, one.resume_level);
+            platform().event_status = status;
+            platform().system_calls.clear();
+            const RecordBytes before = record;
 
-const FlowCase flow_cases[] = {
-    {"falls_below_the_level", 1, 100, 100, true},     {"falls_to_the_level", 1, 101, 100, false},
-    {"is_below_already", 1, 99, 100, true},           {"falls_to_nothing", 1, 1, 1, true},
-    {"never_falls_below_level_0", 1, 1, 0, false},    {"is_not_stopped", 0, 100, 100, false},
-    {"any_value_stops", 0x80, 100, 100, true},        {"levels_have_no_sign", 1, 0x80000000, 0x80000000, true},
-    {"counts_have_no_sign", 1, 0, 0x7FFFFFFF, false},
-};
+            EXPECT_EQ(mem_free(cookie), 1) << one.what;
 
-class FlowControlTest : public LoansTest, public testing::WithParamInterface<FlowCase> {
-  protected:
-    static constexpr uint32_t cookie = 2;
-    static constexpr uint16_t pool = 5;
-
-    FlowControlTest()
-    {
-        use_pool(cookie, pool);
-        // Only the pool of the cookie counts: all others say the opposite.
-        for (uint32_t other = 0; other < 10; ++other) {
-            record[pool_stopped_at + other] = GetParam().wakes ? 0 : 1;
-            put_word(record, pool_flow_held_at + size_t{4} * other, GetParam().wakes ? 1000 : 0);
-            put_word(record, pool_resume_level_at + size_t{4} * other, 500);
+            std::vector calls{take, std::string("free"), give, take, give};
+            if (one.wakes) {
+                calls.push_back(wake);
+            }
+            EXPECT_EQ(platform().system_calls, calls) << one.what;
+            EXPECT_EQ(differences_from(before, record, changes), "") << one.what;
+            EXPECT_EQ(printed,
+                      one.wakes && status == not_sent ? "DEV_NICDRV_MREF_MemFree:SYSFUN_SendEvent failure.\n" : "")
+                << one.what;
         }
-        record[pool_stopped_at + pool] = GetParam().stopped;
-        put_word(record, pool_flow_held_at + size_t{4} * pool, GetParam().held_before);
-        put_word(record, pool_resume_level_at + size_t{4} * pool, GetParam().resume_level);
-        DEV_NICDRV_OM_SetFreeFunc(recorded_free);
-    }
-};
-
-TEST_P(FlowControlTest, WakesTheReceiveTaskOnceAndWithoutTheSemaphore)
-{
-    const RecordBytes before = record;
-
-    EXPECT_EQ(mem_free(cookie), 1);
-
-    std::vector calls{take, std::string("free"), give, take, give};
-    if (GetParam().wakes) {
-        calls.push_back(wake);
-    }
-    EXPECT_EQ(platform().system_calls, calls);
-    EXPECT_EQ(
-        differences_from(before, record, {{200, 1}, {296, minus_1}, {64, minus_1}, {176, minus_1}, {104, minus_1}}),
-        "");
-    EXPECT_EQ(printed, "");
-}
-
-TEST_P(FlowControlTest, SaysThatTheReceiveTaskCannotBeWoken)
-{
-    platform().event_status = 0x100;
-    const RecordBytes before = record;
-
-    EXPECT_EQ(mem_free(cookie), 1);
-
-    EXPECT_EQ(printed, GetParam().wakes ? "DEV_NICDRV_MREF_MemFree:SYSFUN_SendEvent failure.\n" : "");
-    EXPECT_EQ(
-        differences_from(before, record, {{200, 1}, {296, minus_1}, {64, minus_1}, {176, minus_1}, {104, minus_1}}),
-        "");
-}
-
-// Without a pool there is nothing to resume.
-TEST_P(FlowControlTest, IsNothingToBuffersWithoutAPool)
-{
-    EXPECT_EQ(mem_free(10), 1);
-    EXPECT_EQ(mem_free(11), 1);
-
-    for (const std::string &call : platform().system_calls) {
-        EXPECT_NE(call, wake);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Pool, FlowControlTest, testing::ValuesIn(flow_cases),
-                         [](const testing::TestParamInfo<FlowCase> &row) { return std::string(row.param.name); });
 
 TEST_F(LoansTest, AreNotOnLoanWhileTheyAreFragments)
 {
