@@ -73,7 +73,6 @@ std::vector<std::string> field_texts(const RulePattern &pattern)
 constexpr size_t flags_at = 0;
 constexpr size_t encap_at = 20;
 constexpr size_t encap_mask_at = 24;
-constexpr size_t udb_flags_at = 176;
 
 void put(RulePattern &pattern, size_t at, uint32_t value)
 {
@@ -212,15 +211,6 @@ TEST(RulePatternDumpTest, PrintsNothingForBitsThatNoFieldHas)
     EXPECT_EQ(dump(&pattern, 0), framed(0, {}));
 }
 
-TEST(RulePatternDumpTest, PrintsTheFrameAloneForAFreshRecord)
-{
-    RulePattern pattern = descending_bytes(0xFFFFFFFF);
-
-    DEVRM_LIB_RulePatternInit(&pattern);
-
-    EXPECT_EQ(dump(&pattern, 40), framed(40, {}));
-}
-
 TEST(RulePatternDumpTest, PrintsNilForNoRecord)
 {
     EXPECT_EQ(dump(nullptr, 1), framed(1, {{"none", {}, {{"%*snil\r\n", "nil\r\n"}}}}));
@@ -258,31 +248,6 @@ TEST(RulePatternDumpTest, NamesTheEncapsulationThatEquals1)
 
         EXPECT_EQ(field_texts(pattern), one.texts);
     }
-}
-
-// The flag word of the user-defined bytes is not the one that prints them.
-TEST(RulePatternDumpTest, PrintsUserDefinedBytesByTheFlagsOfTheOtherFields)
-{
-    RulePattern pattern = zero_bytes(0);
-
-    DEVRM_LIB_RulePatternQualifyUdb0_5(&pattern, 2, 0xAB, 0xFF);
-    put(pattern, udb_flags_at, 0xFFFFFFFF);
-    EXPECT_EQ(field_texts(pattern), std::vector<std::string>{});
-
-    put(pattern, flags_at, 1);
-    put(pattern, udb_flags_at, 0);
-    EXPECT_EQ(field_texts(pattern),
-              (std::vector<std::string>{"patt.udb0_5 = 0x0000AB000000\r\n", "mask.udb0_5 = 0x0000FF000000\r\n"}));
-}
-
-TEST(RulePatternDumpTest, ShowsThePriorityOfACosPatternAndNotItsTag)
-{
-    RulePattern pattern = zero_bytes(0);
-
-    DEVRM_LIB_RulePatternQualifyCos(&pattern, 5, 7);
-
-    EXPECT_EQ(field_texts(pattern),
-              (std::vector<std::string>{"patt.vtagup = 0x05(5)\r\n", "mask.vtagup = 0x07(7)\r\n"}));
 }
 
 TEST(RulePatternDumpTest, PrintsThroughPrintfItself)

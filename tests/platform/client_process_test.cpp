@@ -4,7 +4,6 @@
 #include <pthread.h>
 #include <signal.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -286,23 +285,6 @@ TEST(ClientProcess, ACallIsNoCancellationPoint)
     EXPECT_EQ(ask(caller.queue, Ask::release), 1u);
     pthread_join(thread, nullptr);
     EXPECT_EQ(caller.status, QUILLON_STATUS_OK);
-}
-
-// Fault: a queue that another user serves in a folder open to him is believed.
-TEST(ClientProcess, RefusesAnotherUsersQueue)
-{
-    if (geteuid() != 0) {
-        GTEST_SKIP() << "only root can be two users";
-    }
-    const Driver driver;
-    ASSERT_EQ(chmod(runtime_folder().c_str(), 0711), 0);
-    ASSERT_EQ(chmod(queue_path().c_str(), 0666), 0);
-    const int status = in_child([] {
-        void *handle = nullptr;
-        return setuid(65534) == 0 ? static_cast<int>(SYSFUN_GetMsgQ(kQueue, 1, &handle)) : -1;
-    });
-    chmod(runtime_folder().c_str(), 0700);
-    EXPECT_EQ(status, static_cast<int>(QUILLON_STATUS_REFUSED_PEER));
 }
 
 TEST(ClientProcess, TaskIdIsTheThreads)

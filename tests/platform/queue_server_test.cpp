@@ -193,8 +193,8 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
     close(crowd.back());
 }
 
-// Fault: loosened modes are all that keeps other users out.
-TEST(QueueServer, RefusesAnotherUser)
+// Fault: loosened modes are all that keeps other users out, or a client believes a queue that another user serves.
+TEST(QueueServer, AndClientRefuseAnotherUser)
 {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root can be two users";
@@ -203,17 +203,23 @@ TEST(QueueServer, RefusesAnotherUser)
     const Driver driver(&events);
     ASSERT_EQ(chmod(runtime_folder().c_str(), 0711), 0);
     ASSERT_EQ(chmod(queue_path().c_str(), 0666), 0);
-    const int received = in_child([] {
-        if (setuid(65534) != 0) {
-            return -1;
-        }
-        const int connection = raw_connection();
-        send_raw(connection, raw_request(Ask::echo));
-        return static_cast<int>(receive_raw(connection));
-    });
-    chmod(runtime_folder().c_str(), 0700);
-    EXPECT_EQ(received, 0);
+    const auto as_another_user = [](const std::function<int()> &body) {
+        return in_child([&] { return setuid(65534) == 0 ? body() : -1; });
+    };
+    EXPECT_EQ(as_another_user([] {
+                  void *handle = nullptr;
+                  return static_cast<int>(SYSFUN_GetMsgQ(kQueue, 1, &handle));
+              }),
+              static_cast<int>(QUILLON_STATUS_REFUSED_PEER));
     EXPECT_EQ(events.next(), 'u');
+    EXPECT_EQ(as_another_user([] {
+                  const int connection = raw_connection();
+                  send_raw(connection, raw_request(Ask::echo));
+                  return static_cast<int>(receive_raw(connection));
+              }),
+              0);
+    EXPECT_EQ(events.next(), 'u');
+    chmod(runtime_folder().c_str(), 0700);
 }
 
 TEST(QueueServer, CreatesAQueueOnceAndForItsUserOnly)
