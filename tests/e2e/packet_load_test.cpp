@@ -6,11 +6,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <condition_variable>
-#include <deque>
+#include <array>
 #include <memory>
-#include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -99,43 +96,6 @@ TEST_F(PacketLoadTest, BalancesAfterManyProcessesHaveReceivedAndFreed)
     driver.expect_quiet_end();
 }
 
-// Packets on their way from one thread to others.
-class HandOver {
-  public:
-    void put(const std::vector<QuillonReceivedPacket> &packets)
-    {
-        const std::lock_guard lock(mutex_);
-        packets_.insert(packets_.end(), packets.begin(), packets.end());
-        changed_.notify_all();
-    }
-
-    void end()
-    {
-        const std::lock_guard lock(mutex_);
-        ended_ = true;
-        changed_.notify_all();
-    }
-
-    // Nothing after the end.
-    std::optional<QuillonReceivedPacket> get()
-    {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return ended_ || !packets_.empty(); });
-        if (packets_.empty()) {
-            return std::nullopt;
-        }
-        const QuillonReceivedPacket packet = packets_.front();
-        packets_.pop_front();
-        return packet;
-    }
-
-  private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<QuillonReceivedPacket> packets_;
-    bool ended_ = false;
-};
-
 // The receiver asks for more while the pool is stopped: only the wake-ups of those who give buffers back let it go on.
 TEST_F(PacketLoadTest, StopsAtTheLevelAndMissesNoWakeUp)
 {
@@ -144,19 +104,17 @@ TEST_F(PacketLoadTest, StopsAtTheLevelAndMissesNoWakeUp)
     constexpr uint32_t at_once = 32;
     static_assert(packets % at_once == 0);
     Application process([] {
-        HandOver hand_over;
-        std::vector<std::jthread> giving_back;
-        for (int i = 0; i < 3; ++i) {
-            giving_back.emplace_back([&] {
-                while (const auto packet = hand_over.get()) {
-                    EXPECT_EQ(give_back(*packet), 1);
-                }
-            });
-        }
+        std::array<std::jthread, 3> giving_back;
         for (uint32_t received = 0; received < packets; received += at_once) {
-            hand_over.put(receive(at_once));
+            const auto held = receive(at_once);
+            for (size_t thread = 0; thread < giving_back.size(); ++thread) {
+                giving_back[thread] = std::jthread([held, thread] {
+                    for (size_t i = thread; i < held.size(); i += 3) {
+                        EXPECT_EQ(give_back(held[i]), 1);
+                    }
+                });
+            }
         }
-        hand_over.end();
     });
     inject(3, packets);
     process.expect_success();

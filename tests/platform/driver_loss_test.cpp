@@ -56,9 +56,9 @@ TEST(DriverLoss, EndsEveryWaitingCall)
         Driver driver(&events);
         void *const queue = attach();
         WaitingCalls calls(queue, events);
-        driver.process().signal(signal);
+        driver.signal(signal);
         calls.expect_all(QUILLON_STATUS_DRIVER_DIED);
-        EXPECT_EQ(driver.process().wait(), signal == SIGKILL ? 128 + SIGKILL : 0);
+        EXPECT_EQ(driver.wait(), signal == SIGKILL ? 128 + SIGKILL : 0);
         Envelope envelope(Ask::echo);
         EXPECT_EQ(exchange(queue, envelope), QUILLON_STATUS_NO_DRIVER);
     }
@@ -114,16 +114,15 @@ TEST(DriverLoss, AttachingFindsOutWhoIsThere)
 TEST(DriverLoss, StoppedIsNotDead)
 {
     Driver driver;
-    const Process &process = driver.process();
     void *const queue = attach();
-    process.signal(SIGSTOP);
+    driver.signal(SIGSTOP);
     int status = 0;
-    waitpid(process.pid(), &status, WUNTRACED);
+    waitpid(driver.pid(), &status, WUNTRACED);
     Envelope impatient(Ask::echo);
     EXPECT_EQ(exchange(queue, impatient, 20), QUILLON_STATUS_TIMED_OUT);
     std::atomic<uint32_t> word = 0;
     std::jthread patient([&] { word = ask(queue, Ask::queue); });
-    process.signal(SIGCONT);
+    driver.signal(SIGCONT);
     patient.join();
     EXPECT_EQ(word, kQueue);
 }

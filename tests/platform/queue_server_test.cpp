@@ -113,39 +113,6 @@ TEST(QueueServer, AnswersFromAnotherThread)
     }
 }
 
-// Faults: a parked request that holds up its queue; an answer that reaches another one of the parked.
-TEST(QueueServer, ServesOthersWhileRequestsAreParked)
-{
-    const Events events;
-    const Driver driver(&events);
-    void *const queue = attach();
-    std::vector<std::jthread> waiting;
-    for (int i = 0; i < 20; ++i) {
-        waiting.emplace_back([queue] { EXPECT_EQ(ask(queue, Ask::park), 5u); });
-    }
-    for (int i = 0; i < 20; ++i) {
-        EXPECT_EQ(events.next(), 'p');
-        EXPECT_EQ(ask(queue, Ask::queue), kQueue);
-    }
-    EXPECT_EQ(ask(queue, Ask::release), 20u);
-}
-
-// Fault: whatever is parked for a client outlives it.
-TEST(QueueServer, TellsThatAParkedClientDied)
-{
-    const Events events;
-    const Driver driver(&events);
-    Process client([](const auto &ready) {
-        void *const queue = attach();
-        ready();
-        return static_cast<int>(ask(queue, Ask::park));
-    });
-    EXPECT_EQ(events.next(), 'p');
-    client.kill_and_wait();
-    EXPECT_EQ(events.next(), 'g');
-    EXPECT_EQ(ask(attach(), Ask::release), 0u) << "an answer nobody waits for is refused";
-}
-
 // Fault: a client that sends on while its request is parked gets a reply to the wrong one.
 TEST(QueueServer, TakesOneRequestOfAClientAtATime)
 {
@@ -179,7 +146,7 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
         crowd.push_back(raw_connection());
     }
     EXPECT_EQ(events.next(), 'd');
-    EXPECT_TRUE(driver.process().falls_asleep());
+    EXPECT_TRUE(driver.falls_asleep());
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(ask(queue, Ask::queue), kQueue) << "who is in is served";
     }

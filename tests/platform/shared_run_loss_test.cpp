@@ -51,7 +51,7 @@ TEST(SharedRunLoss, AClientGoesOnInTheNextRunsMemory)
             return 0;
         });
         EXPECT_EQ(take(0), QUILLON_STATUS_TIMED_OUT);
-        driver->process().kill_and_wait();
+        driver->kill_and_wait();
         EXPECT_EQ(SYSRSC_MGR_GetShMem(kSegment), nullptr);
         EXPECT_EQ(SYSFUN_GetSem(kSemaphore, &id), QUILLON_STATUS_NO_DRIVER);
         EXPECT_EQ(SYSFUN_SendEvent(1, 1), QUILLON_STATUS_NO_DRIVER);
@@ -67,7 +67,7 @@ TEST(SharedRunLoss, AClientGoesOnInTheNextRunsMemory)
         EXPECT_EQ(SYSRSC_MGR_GetShMem(kSegment), segment);
 
         // Nothing but the semaphore is used from here on.
-        driver->process().kill_and_wait();
+        driver->kill_and_wait();
         driver.emplace(uint8_t{3});
         EXPECT_TRUE(comes_true(
             [segment] { return take() == QUILLON_STATUS_OK && give() == QUILLON_STATUS_OK && *segment == 3; }));
@@ -81,7 +81,7 @@ TEST(SharedRunLoss, TheMemoryStaysWhileASemaphoreIsHeld)
         std::optional<MemoryDriver> driver(std::in_place, uint8_t{1});
         auto *const segment = static_cast<volatile uint8_t *>(SYSRSC_MGR_GetShMem(kSegment));
         EXPECT_EQ(take(), QUILLON_STATUS_OK);
-        driver->process().kill_and_wait();
+        driver->kill_and_wait();
         driver.emplace(uint8_t{2});
         std::jthread([] {
             EXPECT_EQ(SYSRSC_MGR_GetShMem(kSegment), nullptr);
@@ -144,7 +144,7 @@ TEST(SharedRunLoss, ASemaphoreExcludesOverRestarts)
     const std::array clients = {client(0), client(1)};
     for (uint8_t run = 1; run <= 5; ++run) {
         if (run > 1) {
-            driver->process().kill_and_wait();
+            driver->kill_and_wait();
             driver.emplace(run);
         }
         EXPECT_TRUE(comes_true([&] { return progress[0].all_at(run) && progress[1].all_at(run); })) << int{run};
@@ -162,7 +162,7 @@ TEST(SharedRunLoss, RefusesAnotherLayout)
     as_client([] {
         std::optional<MemoryDriver> driver(std::in_place, uint8_t{1});
         auto *const segment = static_cast<volatile uint8_t *>(SYSRSC_MGR_GetShMem(kSegment));
-        driver->process().kill_and_wait();
+        driver->kill_and_wait();
         SharedLayout smaller = layout();
         smaller.transmit_area = 4096;
         driver.emplace(uint8_t{2}, smaller);
@@ -185,9 +185,9 @@ TEST(SharedRunLoss, StoppedIsNotDead)
     as_client([] {
         MemoryDriver driver(1);
         EXPECT_NE(SYSRSC_MGR_GetShMem(kSegment), nullptr);
-        driver.process().signal(SIGSTOP);
+        driver.signal(SIGSTOP);
         int status = 0;
-        waitpid(driver.process().pid(), &status, WUNTRACED);
+        waitpid(driver.pid(), &status, WUNTRACED);
         for (int i = 0; i < 100; ++i) {
             EXPECT_EQ(take(), QUILLON_STATUS_OK);
             EXPECT_EQ(give(), QUILLON_STATUS_OK);

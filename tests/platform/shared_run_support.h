@@ -42,10 +42,10 @@ inline void as_client(const std::function<void()> &body)
 }
 
 // A driver process that shares memory, whose first byte tells its run from others. Tells 'l' for a loss of kSemaphore.
-class MemoryDriver {
+class MemoryDriver : public Process {
   public:
     explicit MemoryDriver(uint8_t mark, const host::SharedLayout &shared = layout(), const Events *losses = nullptr)
-        : process_([&](const auto &ready) {
+        : Process([&](const auto &ready) {
               const auto folder = host::RuntimeFolder::claim();
               const host::SharedRun run(folder, shared, [losses](const host::SemaphoreLoss &loss) {
                   if (losses != nullptr) {
@@ -59,11 +59,6 @@ class MemoryDriver {
           })
     {
     }
-
-    Process &process() { return process_; }
-
-  private:
-    Process process_;
 };
 
 inline uint32_t take(uint32_t timeout = QUILLON_WAIT_FOREVER)

@@ -203,7 +203,7 @@ std::string queue_path(uint32_t key)
 }
 
 Driver::Driver(const Events *events, const std::function<void()> &first)
-    : process_([&](const auto &ready) {
+    : Process([&](const auto &ready) {
           if (first) {
               first();
           }

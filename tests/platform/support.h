@@ -46,14 +46,9 @@ enum class Ask : uint32_t {
 // Tells, for an incident, the letter of its kind: foreign peer 'f', refused peer 'u', reply not taken 'n', no
 // descriptors 'd', handler threw 't'. A request that is not sound is told as 's' (too short) or 'w' (wrong size), and
 // refused by a reply with result 0.
-class Driver {
+class Driver : public Process {
   public:
     explicit Driver(const Events *events = nullptr, const std::function<void()> &first = {});
-
-    Process &process() { return process_; }
-
-  private:
-    Process process_;
 };
 
 // A small envelope: `type`, one word and a tail that a reply may grow into.

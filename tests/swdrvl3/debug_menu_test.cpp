@@ -71,28 +71,19 @@ TEST_F(DebugMenuTest, IsRegisteredAsSubsystem24)
     EXPECT_EQ(platform().registrations[0].entry, DEV_SWDRVL3_PMGR_Backdoor_Main);
 }
 
-TEST_F(DebugMenuTest, EndsWithQInBothCases)
+TEST_F(DebugMenuTest, BeginsAgainAfterUnknownKeysUntilItEnds)
 {
-    for (const uint8_t key : std::initializer_list<uint8_t>{'Q', 'q'}) {
-        reset_platform();
-        EXPECT_EQ(run({key, '4'}), "");
-        EXPECT_EQ(platform().console_texts, menu) << key;
-    }
-}
+    const Texts unknown(6, "Unknow option\r\n");
+    EXPECT_EQ(run({'4', 0, '/', '\r', 'P', 0xFE, 'q', '4'}), "");
+    EXPECT_EQ(platform().console_texts, menus_around(unknown));
 
-TEST_F(DebugMenuTest, EndsWithALineOnStandardOutputWhenNoKeyCanBeRead)
-{
-    EXPECT_EQ(run({}), "DEV_SWDRVL3_PMGR_Backdoor_Main: BACKDOOR_MGR_GetChar fail\n");
+    reset_platform();
+    EXPECT_EQ(run({'Q', '4'}), "");
     EXPECT_EQ(platform().console_texts, menu);
-}
 
-TEST_F(DebugMenuTest, SaysThatItDoesNotKnowAKeyAndBeginsAgain)
-{
-    const std::string unknown = "Unknow option\r\n";
-
-    EXPECT_EQ(run({'4', 0, '/', '\r', 'P', 0xFE, 'q'}), "");
-
-    EXPECT_EQ(platform().console_texts, menus_around(Texts(6, unknown)));
+    reset_platform();
+    EXPECT_EQ(run({}), "DEV_SWDRVL3_PMGR_Backdoor_Main: BACKDOOR_MGR_GetChar fail\n") << "no key can be read";
+    EXPECT_EQ(platform().console_texts, menu);
     EXPECT_TRUE(platform().sent.empty());
 }
 
