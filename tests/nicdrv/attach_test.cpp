@@ -10,22 +10,6 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-struct AttachCase {
-    const char *name;
-    std::function<std::optional<uint8_t>()> attach;
-    bool receive_buffers;
-    Calls asked;
-    const char *printed = "";
-    std::optional<uint8_t> returned = {};
-    bool attached = true;
-    bool resets_fragments = false;
-};
-
-void PrintTo(const AttachCase &attach_case, std::ostream *stream)
-{
-    *stream << attach_case.name;
-}
-
 std::optional<uint8_t> init()
 {
     DEV_NICDRV_OM_InitSystemResources();
@@ -38,77 +22,71 @@ std::optional<uint8_t> attach()
     return std::nullopt;
 }
 
-std::optional<uint8_t> initate()
+struct AttachTest : SharedRecordTest {};
+
+TEST_F(AttachTest, FindsRecordAndSemaphore)
 {
-    return DEV_NICDRV_OM_InitateProcessResource();
-}
+    const Calls all = {"GetRxBufStartAddress", "GetShMem 6", "GetSem 17"};
+    const Calls record_only = {"GetShMem 6", "GetSem 17"};
+    const Calls buffers_only = {"GetRxBufStartAddress"};
+    const std::string no_buffers = ": L_IPCMEM_GetRxBufStartAddress return FALSE\n";
+    const struct {
+        const char *what;
+        std::function<std::optional<uint8_t>()> attach;
+        bool receive_buffers;
+        Calls asked;
+        std::string printed = "";
+        std::optional<uint8_t> returned = {};
+        bool attached = true;
+        bool resets_fragments = false;
+    } cases[] = {
+        {"bare", init, true, record_only},
+        {"bare, without receive buffers", init, false, record_only},
+        {"attach", attach, true, all},
+        {"attach, without receive buffers",
+         attach,
+         false,
+         buffers_only,
+         "\r\nDEV_NICDRV_OM_AttachSystemResources" + no_buffers,
+         {},
+         false},
+        {"start-up", DEV_NICDRV_OM_InitateProcessResource, true, all, "", 1, true, true},
+        {"start-up, without receive buffers", DEV_NICDRV_OM_InitateProcessResource, false, buffers_only,
+         "\r\nDEV_NICDRV_OM_InitateProcessResource" + no_buffers, 0, false},
+    };
+    for (const auto &one : cases) {
+        SCOPED_TRACE(one.what);
+        attach_to_record();
+        use_pool(0, 0);
+        static RecordBytes other_record;
+        other_record = record;
+        platform().segments = {{6, other_record.data()}};
+        platform().semaphores = {{17, 0x12345678}};
+        if (one.receive_buffers) {
+            platform().receive_buffers = record.data();
+        }
+        const RecordBytes before = record;
 
-const AttachCase attach_cases[] = {
-    {.name = "bare", .attach = init, .receive_buffers = true, .asked = {"GetShMem 6", "GetSem 17"}},
-    {.name = "bare_without_receive_buffers",
-     .attach = init,
-     .receive_buffers = false,
-     .asked = {"GetShMem 6", "GetSem 17"}},
-    {.name = "attach",
-     .attach = attach,
-     .receive_buffers = true,
-     .asked = {"GetRxBufStartAddress", "GetShMem 6", "GetSem 17"}},
-    {.name = "attach_without_receive_buffers",
-     .attach = attach,
-     .receive_buffers = false,
-     .asked = {"GetRxBufStartAddress"},
-     .printed = "\r\nDEV_NICDRV_OM_AttachSystemResources: L_IPCMEM_GetRxBufStartAddress return FALSE\n",
-     .attached = false},
-    {.name = "start_up",
-     .attach = initate,
-     .receive_buffers = true,
-     .asked = {"GetRxBufStartAddress", "GetShMem 6", "GetSem 17"},
-     .returned = 1,
-     .resets_fragments = true},
-    {.name = "start_up_without_receive_buffers",
-     .attach = initate,
-     .receive_buffers = false,
-     .asked = {"GetRxBufStartAddress"},
-     .printed = "\r\nDEV_NICDRV_OM_InitateProcessResource: L_IPCMEM_GetRxBufStartAddress return FALSE\n",
-     .returned = 0,
-     .attached = false},
-};
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(one.attach(), one.returned);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), one.printed);
 
-class AttachTest : public SharedRecordTest, public testing::WithParamInterface<AttachCase> {};
+        EXPECT_EQ(platform().system_calls, one.asked);
+        RecordBytes expected = before;
+        if (one.resets_fragments) {
+            put_word(expected, fragment_held_at, 0);
+        }
+        EXPECT_EQ(other_record, expected) << "bytes that are the driver process's are kept";
 
-TEST_P(AttachTest, FindsRecordAndSemaphore)
-{
-    use_pool(0, 0);
-    static RecordBytes other_record;
-    other_record = record;
-    platform().segments = {{6, other_record.data()}};
-    platform().semaphores = {{17, 0x12345678}};
-    if (GetParam().receive_buffers) {
-        platform().receive_buffers = record.data();
+        // Which record and which semaphore are used from then on.
+        DEV_NICDRV_ReserveFragmentBuffer(0);
+        const RecordBytes &used = one.attached ? other_record : record;
+        const RecordBytes &unused = one.attached ? record : other_record;
+        EXPECT_EQ(word_at(used, total_held_at), word_at(before, total_held_at) - 1);
+        EXPECT_EQ(word_at(unused, total_held_at), word_at(before, total_held_at));
+        EXPECT_EQ(platform().system_calls.back(), one.attached ? "GiveSem 305419896" : "GiveSem 2460202181");
     }
-    const RecordBytes before = record;
-
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(GetParam().attach(), GetParam().returned);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), GetParam().printed);
-
-    EXPECT_EQ(platform().system_calls, GetParam().asked);
-    RecordBytes expected = before;
-    if (GetParam().resets_fragments) {
-        put_word(expected, fragment_held_at, 0);
-    }
-    EXPECT_EQ(other_record, expected) << "bytes that are the driver process's are kept";
-
-    // Which record and which semaphore are used from then on.
-    platform().system_calls.clear();
-    DEV_NICDRV_ReserveFragmentBuffer(0);
-    EXPECT_EQ(word_at(other_record, total_held_at), word_at(before, total_held_at) - (GetParam().attached ? 1 : 0));
-    EXPECT_EQ(word_at(record, total_held_at), word_at(before, total_held_at) - (GetParam().attached ? 0 : 1));
-    EXPECT_EQ(platform().system_calls.back(), GetParam().attached ? "GiveSem 305419896" : "GiveSem 2460202181");
 }
-
-INSTANTIATE_TEST_SUITE_P(Way, AttachTest, testing::ValuesIn(attach_cases),
-                         [](const testing::TestParamInfo<AttachCase> &row) { return std::string(row.param.name); });
 
 TEST(SharedRecordInfo, IsKnownWithoutAttaching)
 {

@@ -55,13 +55,18 @@ class SharedRecordTest : public testing::Test {
             record[at] = static_cast<uint8_t>(at * 37 + at / 256 + 1);
         }
         put_word(record, rx_task_id_at, receive_task);
+        attach_to_record();
+    }
+    ~SharedRecordTest() override { reset_platform(); }
+
+    static void attach_to_record()
+    {
         reset_platform();
         platform().segments = {{6, record.data()}};
         platform().semaphores = {{17, record_semaphore}};
         DEV_NICDRV_OM_InitSystemResources();
         platform().system_calls.clear();
     }
-    ~SharedRecordTest() override { reset_platform(); }
 
     void use_pool(uint32_t cookie, uint16_t pool)
     {

@@ -1,7 +1,6 @@
 // The driver process dies, is stopped, ends, and comes back.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/wait.h>
 
 #include <array>
 #include <atomic>
@@ -108,23 +107,6 @@ TEST(DriverLoss, AttachingFindsOutWhoIsThere)
     EXPECT_EQ(SYSFUN_GetMsgQ(kQueue, 1, &handle), QUILLON_STATUS_NO_DRIVER);
     driver.emplace();
     EXPECT_EQ(SYSFUN_GetMsgQ(kQueue, 1, &handle), QUILLON_STATUS_OK);
-}
-
-// Fault: a driver process that is slow, or held by a debugger, is taken for a dead one.
-TEST(DriverLoss, StoppedIsNotDead)
-{
-    Driver driver;
-    void *const queue = attach();
-    driver.signal(SIGSTOP);
-    int status = 0;
-    waitpid(driver.pid(), &status, WUNTRACED);
-    Envelope impatient(Ask::echo);
-    EXPECT_EQ(exchange(queue, impatient, 20), QUILLON_STATUS_TIMED_OUT);
-    std::atomic<uint32_t> word = 0;
-    std::jthread patient([&] { word = ask(queue, Ask::queue); });
-    driver.signal(SIGCONT);
-    patient.join();
-    EXPECT_EQ(word, kQueue);
 }
 
 }  // namespace

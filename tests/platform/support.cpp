@@ -77,8 +77,6 @@ class TestDriver {
                 std::copy_n(request.bytes().begin(), size, request.reply().begin());
                 return size;
             }
-            case Ask::pid:
-                return reply_with(request, static_cast<uint32_t>(getpid()));
             case Ask::queue:
                 return reply_with(request, request.queue());
             case Ask::count:

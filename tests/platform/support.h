@@ -30,7 +30,6 @@ std::string queue_path(uint32_t key = kQueue);
 // What the driver process of the tests does, by the `type` of the request.
 enum class Ask : uint32_t {
     echo = 1,  // the request's own bytes
-    pid,       // the driver process's id
     queue,     // the queue's key
     count,     // how many requests of this kind came so far, this one included
     sized,     // a reply of as many bytes as `word` says, all 0xAB
