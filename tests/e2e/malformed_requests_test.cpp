@@ -32,33 +32,24 @@ std::vector<uint8_t> chips_request()
     return closed_bytes_of("+8 7800 0400 +16 04000000 00*4");
 }
 
+std::vector<uint8_t> with(size_t offset, uint32_t value)
+{
+    auto bytes = chips_request();
+    bytes[offset] = static_cast<uint8_t>(value);
+    return bytes;
+}
+
 const Malformed kinds[] = {
     {"cut short", [](uint32_t n) { return std::vector<uint8_t>(n % 20, 0x55); }},
-    {"wrong size",
-     [](uint32_t n) {
-         auto bytes = chips_request();
-         bytes[10] = static_cast<uint8_t>(5 + n % 200);
-         return bytes;
-     }},
+    {"wrong size", [](uint32_t n) { return with(10, 5 + n % 200); }},
     {"wrong size",
      [](uint32_t n) {
          auto bytes = chips_request();
          bytes.resize(24 + 1 + n * 63 % 65'000, 0xAA);  // up to what fills the largest packet
          return bytes;
      }},
-    {"unknown module",
-     [](uint32_t n) {
-         auto bytes = chips_request();
-         bytes[8] = static_cast<uint8_t>(n);
-         bytes[9] = static_cast<uint8_t>(1 + n % 255);
-         return bytes;
-     }},
-    {"unknown code",
-     [](uint32_t n) {
-         auto bytes = chips_request();
-         bytes[18] = static_cast<uint8_t>(1 + n % 255);
-         return bytes;
-     }},
+    {"unknown module", [](uint32_t n) { return with(9, 1 + n % 255); }},
+    {"unknown code", [](uint32_t n) { return with(18, 1 + n % 255); }},
 };
 
 TEST(MalformedRequests, AreRefusedAndNothingElseSuffers)
