@@ -18,7 +18,6 @@ inline constexpr size_t record_size = 496;
 using RecordBytes = std::array<uint8_t, record_size>;
 
 inline constexpr size_t cookie_pool_at = 4;
-inline constexpr size_t pool_held_at = 44;
 inline constexpr size_t pool_flow_held_at = 84;
 inline constexpr size_t pool_resume_level_at = 124;
 inline constexpr size_t pool_stopped_at = 164;
@@ -27,9 +26,6 @@ inline constexpr size_t rx_task_id_at = 180;
 inline constexpr size_t fragment_held_at = 184;
 inline constexpr size_t free_ok_count_at = 200;
 inline constexpr size_t free_fail_count_at = 204;
-inline constexpr size_t cookie_usage_at = 248;
-inline constexpr size_t cookie_usage_size = 24;
-inline constexpr size_t cookie10_held_at = 488;
 
 inline constexpr uint32_t record_semaphore = 2460202181;
 inline constexpr uint32_t receive_task = 2375854010;

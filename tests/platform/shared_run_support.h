@@ -34,11 +34,7 @@ inline host::SharedLayout layout()
 // In a process of its own, so that the test program stays one that was never attached to memory.
 inline void as_client(const std::function<void()> &body)
 {
-    const auto client = [&] {
-        body();
-        return 0;
-    };
-    EXPECT_EQ(in_child(client), 0);
+    Application(body).expect_success();
 }
 
 // A driver process that shares memory, whose first byte tells its run from others. Tells 'l' for a loss of kSemaphore.

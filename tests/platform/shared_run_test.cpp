@@ -56,13 +56,11 @@ TEST(SharedSemaphore, ExcludesTheTasksOfAllProcesses)
             give();
         }
     };
-    std::vector<std::unique_ptr<Process>> clients;
+    std::vector<std::unique_ptr<Application>> clients;
     for (int i = 0; i < 4; ++i) {
-        clients.push_back(std::make_unique<Process>([&](const auto &ready) {
-            ready();
+        clients.push_back(std::make_unique<Application>([&] {
             const std::jthread other(count_up);
             count_up();
-            return 0;
         }));
     }
     const RuntimeFolder folder = RuntimeFolder::claim();
@@ -74,7 +72,7 @@ TEST(SharedSemaphore, ExcludesTheTasksOfAllProcesses)
         EXPECT_EQ(run.give(kSemaphore), QUILLON_STATUS_OK);
     }
     for (const auto &client : clients) {
-        EXPECT_EQ(client->wait(), 0);
+        client->expect_success();
     }
     EXPECT_EQ(counter, 9 * kTurns);
 }
@@ -227,18 +225,14 @@ TEST_F(SharedRunTest, NoEventIsLost)
     constexpr uint32_t kTimes = 500;
     TaskEvents events(run);
     auto *const received = reinterpret_cast<std::atomic<uint32_t> *>(run.segment(kSegment).data());
-    std::vector<std::unique_ptr<Process>> senders;
+    std::vector<std::unique_ptr<Application>> senders;
     for (uint32_t sender = 0; sender < kSenders; ++sender) {
-        senders.push_back(std::make_unique<Process>([&, sender](const auto &ready) {
+        senders.push_back(std::make_unique<Application>([&, sender] {
             const auto *const mine = static_cast<std::atomic<uint32_t> *>(SYSRSC_MGR_GetShMem(kSegment)) + sender;
-            ready();
             for (uint32_t i = 1; i <= kTimes; ++i) {
-                if (SYSFUN_SendEvent(events.task_id(), UINT32_C(1) << (sender * 4)) != QUILLON_STATUS_OK ||
-                    !comes_true([&] { return *mine == i; })) {
-                    return 1;
-                }
+                ASSERT_EQ(SYSFUN_SendEvent(events.task_id(), UINT32_C(1) << (sender * 4)), QUILLON_STATUS_OK);
+                ASSERT_TRUE(comes_true([&] { return *mine == i; }));
             }
-            return 0;
         }));
     }
     for (uint32_t count = 0; count < kSenders * kTimes;) {
@@ -252,7 +246,7 @@ TEST_F(SharedRunTest, NoEventIsLost)
         }
     }
     for (const auto &sender : senders) {
-        EXPECT_EQ(sender->wait(), 0);
+        sender->expect_success();
     }
     EXPECT_EQ(events.wait(UINT32_MAX, 0), 0u);
 }
