@@ -15,11 +15,6 @@ void PrintTo(const ChipPort &port, std::ostream *out)
     *out << "module " << port.module_id << " device " << port.device_id << " port " << port.phy_port;
 }
 
-void PrintTo(const LogicalPort &port, std::ostream *out)
-{
-    *out << port.unit << '/' << port.port;
-}
-
 namespace {
 
 constexpr uint32_t largest = UINT32_MAX;

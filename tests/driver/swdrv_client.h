@@ -6,6 +6,9 @@
 
 #include <functional>
 #include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "driver/served_dispatcher.h"
@@ -32,10 +35,11 @@ class SwdrvClientTest : public testing::Test {
         std::function<bool(const driver::ChipState &)> holds;  // afterwards, and not before
     };
 
+    using Words = driver::KeptSettings::Words;
+
     // For Change::holds.
-    static std::function<bool(const driver::ChipState &)> kept(driver::Setting setting,
-                                                               const driver::KeptSettings::Words &key,
-                                                               const driver::KeptSettings::Words &value)
+    static std::function<bool(const driver::ChipState &)> kept(driver::Setting setting, const Words &key,
+                                                               const Words &value)
     {
         return [=](const driver::ChipState &chips) { return chips.kept.get(setting, key) == value; };
     }
@@ -50,6 +54,15 @@ class SwdrvClientTest : public testing::Test {
         }
     }
 
+    // What a request answers through its last argument.
+    template <class Value = uint32_t, class Get, class... Args>
+    static Value answer(Get get, Args... args)
+    {
+        Value value = static_cast<Value>(-1);
+        EXPECT_EQ(get(static_cast<uint32_t>(args)..., &value), 1);
+        return value;
+    }
+
     struct Refusal {
         const char *what;
         std::function<uint8_t()> call;
@@ -62,7 +75,48 @@ class SwdrvClientTest : public testing::Test {
         }
     }
 
+    // The request is refused with any of these arguments replaced by the wrong one in its place, and then taken as it
+    // is. Where both are the same, none is wrong.
+    template <class Result, class... Args>
+    static void expect_checked(Result (*request)(Args...), const std::tuple<std::type_identity_t<Args>...> &arguments,
+                               const std::tuple<std::type_identity_t<Args>...> &wrong, int line = __builtin_LINE())
+    {
+        expect_wrong_refused(request, arguments, wrong, line);
+        EXPECT_EQ(std::apply(request, arguments), 1U) << "line " << line;
+    }
+
+    // The same of a request that keeps a setting.
+    template <class Result, class... Args>
+    void expect_kept(Result (*request)(Args...), const std::tuple<std::type_identity_t<Args>...> &arguments,
+                     const std::tuple<std::type_identity_t<Args>...> &wrong, driver::Setting setting, const Words &key,
+                     const Words &value, int line = __builtin_LINE())
+    {
+        const Words before = model.lock()->chips.kept.get(setting, key);
+        EXPECT_NE(before, value) << "line " << line;
+        expect_wrong_refused(request, arguments, wrong, line);
+        EXPECT_EQ(model.lock()->chips.kept.get(setting, key), before) << "line " << line;
+        EXPECT_EQ(std::apply(request, arguments), 1U) << "line " << line;
+        EXPECT_EQ(model.lock()->chips.kept.get(setting, key), value) << "line " << line;
+    }
+
   private:
+    template <class Result, class... Args>
+    static void expect_wrong_refused(Result (*request)(Args...), const std::tuple<Args...> &arguments,
+                                     const std::tuple<Args...> &wrong, int line)
+    {
+        const auto expect_refused_with = [&]<size_t i>(std::integral_constant<size_t, i>) {
+            auto changed = arguments;
+            std::get<i>(changed) = std::get<i>(wrong);
+            EXPECT_TRUE(changed == arguments || std::apply(request, changed) == 0)
+                << "line " << line << ", argument " << i + 1;
+        };
+        [&]<size_t... i>(std::index_sequence<i...>)
+        {
+            (expect_refused_with(std::integral_constant<size_t, i>()), ...);
+        }
+        (std::index_sequence_for<Args...>());
+    }
+
     struct Service {
         driver::Models models{driver::StackShape{.units = 2, .ports = 28, .chips = 2}};
         ServedDispatcher served{[this](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, models); }};

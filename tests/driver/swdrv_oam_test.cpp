@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 
-#include <vector>
+#include <numeric>
 
 #include "driver/swdrv_client.h"
 
@@ -9,8 +9,7 @@ namespace quillon::test {
 namespace {
 
 using driver::OamEvent;
-using driver::Setting;
-using Words = driver::KeptSettings::Words;
+using enum driver::Setting;
 
 struct SwdrvOamTest : SwdrvClientTest {
     static constexpr OamEntryRecord record = {{1, 2, 3}};
@@ -20,68 +19,25 @@ struct SwdrvOamTest : SwdrvClientTest {
 TEST_F(SwdrvOamTest, KeepsWhatIsSet)
 {
     Words crc_bytes(52);
-    crc_bytes[0] = 4;
-    crc_bytes[1] = 5;
-    crc_bytes[2] = 6;
-    expect_changes({
-        {"PDUs", [] { return DEV_SWDRV_PMGR_SetOamPduToCpu(2, 28, 1); }, kept(Setting::oam_pdu_to_cpu, {2, 28}, {1})},
-        {"loopback", [] { return DEV_SWDRV_PMGR_SetOamLoopback(1, 1, 1); }, kept(Setting::oam_loopback, {1, 1}, {1})},
-        {"loopback ends", [] { return DEV_SWDRV_PMGR_SetOamLoopback(1, 1, 0); },
-         kept(Setting::oam_loopback, {1, 1}, {0})},
-        {"engine", [] { return DEV_SWDRV_PMGR_SetOamEnable(1, 1); }, kept(Setting::oam_enabled, {1}, {1})},
-        {"aging daemon", [] { return DEV_SWDRV_PMGR_SetOamAgingDaemonEnable(0, 1); },
-         kept(Setting::oam_aging_daemon, {0}, {1})},
-        {"opcode", [] { return DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(1, 7, 255, 1, 3); },
-         kept(Setting::oam_opcode_command, {1, 7, 255, 1}, {3})},
-        {"aging period", [] { return DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(1, 7, 0, 3'333'333); },
-         kept(Setting::oam_aging_period, {1, 7}, {0, 3'333'333})},
-        {"keepalive", [] { return DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable(0, 3, 1); },
-         kept(Setting::oam_keepalive_command, {0, 3}, {1})},
-        {"detection", [] { return DEV_SWDRV_PMGR_SetOamExceptionConfig(0, 6, 2, 1); },
-         kept(Setting::oam_detection, {0, 6}, {2, 1})},
-        {"recovery", [] { return DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig(0, 6, 1); },
-         kept(Setting::oam_recovery, {0, 6}, {1})},
-        {"hash mode", [] { return DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(3); }, kept(Setting::trunk_hash_mode, {}, {3})},
-        {"CRC entry", [] { return DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(4, 63, &crc); },
-         kept(Setting::trunk_hash_crc, {4, 63}, crc_bytes)},
-        {"all packets",
-         [] {
-             DEV_SWDRV_PMGR_Receive_All(1);
-             return uint8_t{1};
-         },
-         kept(Setting::receive_all, {}, {1})},
-    });
-}
-
-TEST_F(SwdrvOamTest, RefusesWhatIsNotThere)
-{
-    uint64_t groups = 0;
-    uint32_t entries = 0;
-    expect_refused({
-        {"port", [] { return DEV_SWDRV_PMGR_SetOamPduToCpu(2, 29, 1); }},
-        {"flag", [] { return DEV_SWDRV_PMGR_SetOamLoopback(2, 28, 2); }},
-        {"engine", [] { return DEV_SWDRV_PMGR_SetOamEnable(2, 1); }},
-        {"engine flag", [] { return DEV_SWDRV_PMGR_SetOamAgingDaemonEnable(1, 2); }},
-        {"profile", [] { return DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(0, 8, 1, 1, 1); }},
-        {"opcode", [] { return DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(0, 1, 256, 1, 1); }},
-        {"destination", [] { return DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(0, 1, 1, 2, 1); }},
-        {"command", [] { return DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry(0, 1, 1, 1, 4); }},
-        {"aging period", [] { return DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(0, 8, 1, 0); }},
-        {"no time", [] { return DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(0, 1, 0, 0); }},
-        {"nanoseconds", [] { return DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(0, 1, 1, 1'000'000'000); }},
-        {"keepalive command", [] { return DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable(0, 4, 1); }},
-        {"exception", [] { return DEV_SWDRV_PMGR_SetOamExceptionConfig(0, 7, 1, 1); }},
-        {"no exception", [] { return DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig(0, 0, 1); }},
-        {"hash mode", [] { return DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(4); }},
-        {"module of a CRC entry", [] { return DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(5, 0, &crc); }},
-        {"CRC entry", [] { return DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(1, 64, &crc); }},
-        {"engine of an entry", [] { return DEV_SWDRV_PMGR_SetOamEntry(2, 0, 1, 0, &record); }},
-        {"entry", [] { return DEV_SWDRV_PMGR_SetOamEntry(0, 2048, 1, 0, &record); }},
-        {"device of an entry", [] { return DEV_SWDRV_PMGR_SetOamEntry(0, 0, 1, 2, &record); }},
-        {"module", [&] { return DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(0, 0, 1, &groups); }},
-        {"no event", [&] { return DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(1, 0, 0, &groups); }},
-        {"group", [&] { return DEV_SWDRV_PMGR_GetOamExceptionStatus(1, 0, 1, 64, &entries); }},
-    });
+    std::iota(crc_bytes.begin(), crc_bytes.begin() + 3, 4U);
+    expect_kept(DEV_SWDRV_PMGR_SetOamPduToCpu, {2, 28, 1}, {3, 29, 2}, oam_pdu_to_cpu, {2, 28}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetOamLoopback, {1, 1, 1}, {0, 29, 2}, oam_loopback, {1, 1}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetOamLoopback, {1, 1, 0}, {1, 1, 0}, oam_loopback, {1, 1}, {0});
+    expect_kept(DEV_SWDRV_PMGR_SetOamEnable, {1, 1}, {2, 2}, oam_enabled, {1}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetOamAgingDaemonEnable, {0, 1}, {2, 2}, oam_aging_daemon, {0}, {1});
+    expect_kept(DEV_SWDRV_PMGRSetOamOpcodeProfilePktCmdEntry, {1, 7, 255, 1, 3}, {2, 8, 256, 2, 4}, oam_opcode_command,
+                {1, 7, 255, 1}, {3});
+    expect_kept(DEV_SWDRV_PMGR_SetOamAgingPeriodEntry, {1, 7, 0, 999'999'999}, {2, 8, 0, 1'000'000'000},
+                oam_aging_period, {1, 7}, {0, 999'999'999});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(1, 7, 0, 0), 0) << "no time";
+    expect_kept(DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable, {0, 3, 1}, {2, 4, 2}, oam_keepalive_command,
+                {0, 3}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetOamExceptionConfig, {0, 6, 2, 1}, {2, 7, 4, 2}, oam_detection, {0, 6}, {2, 1});
+    expect_kept(DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig, {0, 6, 1}, {2, 0, 4}, oam_recovery, {0, 6}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetTrunkHashGlobalMode, {3}, {4}, trunk_hash_mode, {}, {3});
+    expect_kept(DEV_SWDRV_PMGR_SetTrunkHashCrcEntry, {4, 63, &crc}, {5, 64, &crc}, trunk_hash_crc, {4, 63}, crc_bytes);
+    DEV_SWDRV_PMGR_Receive_All(1);
+    EXPECT_TRUE(kept(receive_all, {}, {1})(model.lock()->chips));
 }
 
 TEST_F(SwdrvOamTest, TellsAtWhichEntriesExceptionsWereFound)
@@ -103,7 +59,7 @@ TEST_F(SwdrvOamTest, TellsAtWhichEntriesExceptionsWereFound)
     };
     // The second chip of unit 2 has module id 4.
     for (const uint32_t entry : {0U, 31U, 32U, 2047U}) {
-        EXPECT_EQ(DEV_SWDRV_PMGR_SetOamEntry(egress, entry, 2, 1, &record), 1);
+        expect_checked(DEV_SWDRV_PMGR_SetOamEntry, {egress, entry, 2, 1, &record}, {2, 2048, 3, 2, &record});
     }
     EXPECT_EQ(DEV_SWDRV_PMGR_SetOamEntry(egress, 1, 1, 0, &record), 1);
     EXPECT_EQ(model.lock()->chips.oam_entries[egress].find(31)->settings[2], 3);
@@ -120,6 +76,13 @@ TEST_F(SwdrvOamTest, TellsAtWhichEntriesExceptionsWereFound)
     EXPECT_EQ(entries(1, 0), 2U);
     EXPECT_EQ(groups(4, egress, 1), 0U);
     EXPECT_EQ(groups(4, 0, rdi), 0U);
+
+    uint64_t group_status = 0;
+    uint32_t entry_status = 0;
+    expect_checked(DEV_SWDRV_PMGR_GetOamExceptionGroupStatus, {4, egress, rdi, &group_status},
+                   {0, 2, 0, &group_status});
+    expect_checked(DEV_SWDRV_PMGR_GetOamExceptionStatus, {4, egress, rdi, 63, &entry_status},
+                   {5, 2, 7, 64, &entry_status});
 
     // What is set anew has nothing found at it.
     EXPECT_EQ(DEV_SWDRV_PMGR_SetOamEntry(egress, 31, 2, 1, &record), 1);

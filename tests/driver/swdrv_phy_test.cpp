@@ -11,8 +11,7 @@ namespace quillon::test {
 namespace {
 
 using driver::LogicalPort;
-using driver::Setting;
-using Words = driver::KeptSettings::Words;
+using enum driver::Setting;
 
 constexpr LogicalPort copper{2, 3};
 
@@ -49,66 +48,47 @@ struct SwdrvPhyTest : SwdrvClientTest {
         return value;
     }
 
-    static uint32_t link()
-    {
-        uint32_t status = UINT32_MAX;
-        EXPECT_EQ(DEV_SWDRV_PMGR_GetPortLinkStatus(copper.unit, copper.port, &status), 1);
-        return status;
-    }
-
-    static uint32_t temperature(uint8_t (*get)(uint32_t *))
-    {
-        uint32_t degrees = UINT32_MAX;
-        EXPECT_EQ(get(&degrees), 1);
-        return degrees;
-    }
+    static uint32_t link() { return answer(DEV_SWDRV_PMGR_GetPortLinkStatus, copper.unit, copper.port); }
+    static uint32_t speed() { return answer(DEV_SWDRV_PMGR_GetPortOperSpeedDuplex, copper.unit, copper.port); }
 };
 
 TEST_F(SwdrvPhyTest, KeepsSettings)
 {
-    static const uint8_t mac[] = {2, 0, 0, 0, 0, 1};
-    static const uint64_t blocked[] = {0x0800'0001, 0};
-    expect_changes({
-        {"power saving", [] { return DEV_SWDRV_PMGR_SetPortPowerSave(2, 3, 0, 1); },
-         kept(Setting::power_saving, {2, 3}, {0, 1})},
-        {"port control", [] { return DEV_SWDRV_PMGR_SetPortAuthMode(2, 3, 2); },
-         kept(Setting::port_control, {2, 3}, {2})},
-        {"MAC address", [] { return DEV_SWDRV_PMGR_SetPortMacAddr(2, 3, mac); },
-         kept(Setting::port_mac_address, {2, 3}, {2, 0, 0, 0, 0, 1})},
-        {"egress block", [] { return DEV_SWDRV_PMGR_SetPortEgressBlock(2, 3, blocked); },
-         kept(Setting::egress_block, {2, 3}, {0x0800'0001, 0})},
-        {"traffic", [] { return DEV_SWDRV_PMGR_SetPortTrafficTxRx(2, 3, 1); },
-         kept(Setting::port_traffic, {2, 3}, {1})},
-        {"station move", [] { return DEV_SWDRV_PMGR_SetPortStationMoveAction(2, 3, 2, 1); },
-         kept(Setting::station_move, {2, 3}, {2, 1})},
-        {"connector", [] { return DEV_SWDRV_PMGR_SetPortSfpConnector(1, 21, 0x22); },
-         kept(Setting::sfp_connector, {1, 21}, {0x22})},
-        {"CPU rate", [] { return DEV_SWDRV_PMGR_SetCpuRateLimit(1000, 50); },
-         kept(Setting::cpu_rate_limit, {}, {1000, 50})},
-        {"CPU port rate", [] { return DEV_SWDRV_PMGR_SetCpuPortRate(64, 2); },
-         kept(Setting::cpu_port_rate, {}, {64, 2})},
-        {"register of a chip", [] { return static_cast<uint8_t>(DEV_SWDRV_PMGR_SocPciWrite(1, 0xFFFC, 7)); },
-         kept(Setting::pci_register, {1, 0xFFFC}, {7})},
-    });
+    constexpr uint8_t mac[] = {2, 0, 0, 0, 0, 1};
+    constexpr uint8_t group[] = {1, 0, 0x5E, 0, 0, 1};
+    constexpr uint8_t nobody[6] = {};
+    constexpr uint64_t blocked[] = {0x0800'0001, 0};
+    constexpr uint64_t port_29[] = {1 << 28, 0};
+    constexpr uint64_t port_65[] = {0, 1};
+    expect_kept(DEV_SWDRV_PMGR_SetPortPowerSave, {2, 3, 0, 1}, {3, 29, 2, 2}, power_saving, {2, 3}, {0, 1});
+    expect_kept(DEV_SWDRV_PMGR_SetPortAuthMode, {2, 3, 2}, {3, 29, 0}, port_control, {2, 3}, {2});
+    expect_kept(DEV_SWDRV_PMGR_SetPortAuthMode, {2, 3, 3}, {3, 29, 4}, port_control, {2, 3}, {3});
+    expect_kept(DEV_SWDRV_PMGR_SetPortMacAddr, {2, 3, mac}, {3, 29, group}, port_mac_address, {2, 3},
+                {2, 0, 0, 0, 0, 1});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortMacAddr(2, 3, nobody), 0);
+    expect_kept(DEV_SWDRV_PMGR_SetPortEgressBlock, {2, 3, blocked}, {3, 29, port_29}, egress_block, {2, 3},
+                {0x0800'0001, 0});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortEgressBlock(2, 3, port_65), 0);
+    expect_kept(DEV_SWDRV_PMGR_SetPortTrafficTxRx, {2, 3, 1}, {3, 29, 2}, port_traffic, {2, 3}, {1});
+    expect_kept(DEV_SWDRV_PMGR_SetPortStationMoveAction, {2, 3, 2, 1}, {3, 29, 3, 2}, station_move, {2, 3}, {2, 1});
+    expect_kept(DEV_SWDRV_PMGR_SetPortSfpConnector, {1, 21, 0x22}, {3, 1, 0x22}, sfp_connector, {1, 21}, {0x22});
+    expect_kept(DEV_SWDRV_PMGR_SetCpuRateLimit, {1000, 50}, {1000, 50}, cpu_rate_limit, {}, {1000, 50});
+    expect_kept(DEV_SWDRV_PMGR_SetCpuPortRate, {64, 2}, {64, 3}, cpu_port_rate, {}, {64, 2});
+    expect_kept(DEV_SWDRV_PMGR_SocPciWrite, {1, 0xFFFC, 7}, {2, 0x10000, 7}, pci_register, {1, 0xFFFC}, {7});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SocPciWrite(1, 2, 1), 0U);
 }
 
 TEST_F(SwdrvPhyTest, AnswersWithWhatWasSet)
 {
-    uint16_t half_word = 9;
-    EXPECT_EQ(DEV_SWDRV_PMGR_Get1000BaseTTransmitterType(2, 3, &half_word), 1);
-    EXPECT_EQ(half_word, 0);
+    EXPECT_EQ(answer<uint16_t>(DEV_SWDRV_PMGR_Get1000BaseTTransmitterType, 2, 3), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_Set1000BaseTTransmitterType(2, 3, 1), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_Get1000BaseTTransmitterType(2, 3, &half_word), 1);
-    EXPECT_EQ(half_word, 1);
+    EXPECT_EQ(answer<uint16_t>(DEV_SWDRV_PMGR_Get1000BaseTTransmitterType, 2, 3), 1);
 
-    uint32_t word = 9;
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortFecStatus(1, 28, &word), 1);
-    EXPECT_EQ(word, 0U);
+    const auto fec = [](uint32_t port) { return answer(DEV_SWDRV_PMGR_GetPortFecStatus, 1, port); };
+    EXPECT_EQ(fec(28), 0U);
     EXPECT_EQ(DEV_SWDRV_PMGR_SetPortFec(1, 28, 1), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortFecStatus(1, 28, &word), 1);
-    EXPECT_EQ(word, 1U);
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortFecStatus(1, 27, &word), 1);
-    EXPECT_EQ(word, 0U);
+    EXPECT_EQ(fec(28), 1U);
+    EXPECT_EQ(fec(27), 0U);
 
     constexpr uint32_t loopback_of_1_28 = 1 << 16 | 28;
     EXPECT_EQ(DEV_SWDRV_PMGR_IsPortLoopbacking(loopback_of_1_28), 0);
@@ -118,8 +98,7 @@ TEST_F(SwdrvPhyTest, AnswersWithWhatWasSet)
     EXPECT_EQ(DEV_SWDRV_PMGR_DisableInternalLoopback(loopback_of_1_28), 1);
     EXPECT_EQ(DEV_SWDRV_PMGR_IsPortLoopbacking(loopback_of_1_28), 0);
 
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetAutoMDIXmode(2, 3, &word), 1);
-    EXPECT_EQ(word, 3U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetAutoMDIXmode, 2, 3), 3U);
     EXPECT_EQ(DEV_SWDRV_PMGR_UpdatePortMapping(2), 1);
     char version[6];
     EXPECT_EQ(DEV_SWDRV_PMGR_GetCPLDSoftwareVersion(1, version), 1);
@@ -128,66 +107,31 @@ TEST_F(SwdrvPhyTest, AnswersWithWhatWasSet)
         uint32_t port, ability;
     } rows[] = {{20, 0x8836}, {24, 0x2800}, {28, 0x0801}};
     for (const auto &row : rows) {
-        EXPECT_EQ(DEV_SWDRV_PMGR_GetPortAbility(1, row.port, &word), 1);
-        EXPECT_EQ(word, row.ability) << row.port;
+        EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetPortAbility, 1, row.port), row.ability) << row.port;
     }
 }
 
 TEST_F(SwdrvPhyTest, RefusesWhatMeansNothing)
 {
-    static const uint8_t group[] = {1, 0, 0x5E, 0, 0, 1};
-    static const uint8_t nobody[6] = {};
-    static const uint64_t port_29[] = {1 << 28, 0};
-    static const uint64_t port_65[] = {0, 1};
-    static uint32_t word;
-    static uint16_t half_word;
-    static char text[6];
-    expect_refused({
-        {"test mode 5", [] { return DEV_SWDRV_PMGR_Set1000BaseTPortTestMode(2, 3, 5); }},
-        {"test mode of optics", [] { return DEV_SWDRV_PMGR_Set1000BaseTPortTestMode(2, 21, 1); }},
-        {"asking for that", [] { return DEV_SWDRV_PMGR_Get1000BaseTPortTestMode(2, 21, &half_word); }},
-        {"transmitter 2", [] { return DEV_SWDRV_PMGR_Set1000BaseTTransmitterType(2, 3, 2); }},
-        {"transmitter of optics", [] { return DEV_SWDRV_PMGR_Set1000BaseTTransmitterType(2, 21, 0); }},
-        {"asking for that one", [] { return DEV_SWDRV_PMGR_Get1000BaseTTransmitterType(2, 21, &half_word); }},
-        {"MDI-X of optics", [] { return DEV_SWDRV_PMGR_GetAutoMDIXmode(2, 21, &word); }},
-        {"power saving 2", [] { return DEV_SWDRV_PMGR_SetPortPowerSave(2, 3, 1, 2); }},
-        {"loopback without a port", [] { return DEV_SWDRV_PMGR_EnableInternalLoopback(1 << 16 | 29); }},
-        {"port control 0", [] { return DEV_SWDRV_PMGR_SetPortAuthMode(2, 3, 0); }},
-        {"port control 4", [] { return DEV_SWDRV_PMGR_SetPortAuthMode(2, 3, 4); }},
-        {"no port", [] { return DEV_SWDRV_PMGR_SetPortAuthMode(2, 29, 1); }},
-        {"mapping of no unit", [] { return DEV_SWDRV_PMGR_UpdatePortMapping(0); }},
-        {"address of a group", [] { return DEV_SWDRV_PMGR_SetPortMacAddr(2, 3, group); }},
-        {"address of nobody", [] { return DEV_SWDRV_PMGR_SetPortMacAddr(2, 3, nobody); }},
-        {"block of port 29", [] { return DEV_SWDRV_PMGR_SetPortEgressBlock(2, 3, port_29); }},
-        {"block of port 65", [] { return DEV_SWDRV_PMGR_SetPortEgressBlock(2, 3, port_65); }},
-        {"traffic 2", [] { return DEV_SWDRV_PMGR_SetPortTrafficTxRx(2, 3, 2); }},
-        {"station move 3", [] { return DEV_SWDRV_PMGR_SetPortStationMoveAction(2, 3, 3, 0); }},
-        {"connector of copper", [] { return DEV_SWDRV_PMGR_SetPortSfpConnector(2, 3, 7); }},
-        {"CPU port rate in percent", [] { return DEV_SWDRV_PMGR_SetCpuPortRate(5, 3); }},
-        {"CPLD of no unit", [] { return DEV_SWDRV_PMGR_GetCPLDSoftwareVersion(3, text); }},
-        {"FEC 2", [] { return DEV_SWDRV_PMGR_SetPortFec(1, 28, 2); }},
-        {"FEC of a gigabit", [] { return DEV_SWDRV_PMGR_SetPortFec(1, 24, 0); }},
-        {"ability of no port", [] { return DEV_SWDRV_PMGR_GetPortAbility(1, 29, &word); }},
-        {"register 32", [] { return DEV_SWDRV_PMGR_GetMIIPhyRegByPage(2, 3, 0, 32, 0, 0, 0, &half_word); }},
-        {"page 32", [] { return DEV_SWDRV_PMGR_GetMIIPhyRegByPage(2, 3, 32, 0, 0, 0, 0, &half_word); }},
-        {"last value", [] { return DEV_SWDRV_PMGR_GetMIIPhyRegByPage(2, 3, 0, 0, 0, 0, 1, &half_word); }},
-        {"register of optics", [] { return DEV_SWDRV_PMGR_GetMIIPhyRegByPage(2, 21, 0, 0, 0, 0, 0, &half_word); }},
-        {"operation 4",
-         [] {
-             return run({{4, 16, 0, 0}});
-         }},
-        {"operation on optics",
-         [] {
-             return run({{read, 0, 0, 0}}, {2, 21});
-         }},
-        {"operation on no port",
-         [] {
-             return run({{read, 0, 0, 0}}, {2, 29});
-         }},
-    });
-    EXPECT_EQ(DEV_SWDRV_PMGR_SocPciWrite(2, 0, 1), 0U);
-    EXPECT_EQ(DEV_SWDRV_PMGR_SocPciWrite(1, 0x10000, 1), 0U);
-    EXPECT_EQ(DEV_SWDRV_PMGR_SocPciWrite(1, 2, 1), 0U);
+    uint32_t word = 0;
+    uint16_t half_word = 0;
+    char text[6];
+    expect_checked(DEV_SWDRV_PMGR_Set1000BaseTPortTestMode, {2, 3, 4}, {2, 21, 5});
+    expect_checked(DEV_SWDRV_PMGR_Get1000BaseTPortTestMode, {2, 3, &half_word}, {2, 21, &half_word});
+    expect_checked(DEV_SWDRV_PMGR_Set1000BaseTTransmitterType, {2, 3, 1}, {2, 21, 2});
+    expect_checked(DEV_SWDRV_PMGR_Get1000BaseTTransmitterType, {2, 3, &half_word}, {2, 21, &half_word});
+    expect_checked(DEV_SWDRV_PMGR_GetAutoMDIXmode, {2, 3, &word}, {2, 21, &word});
+    expect_checked(DEV_SWDRV_PMGR_EnableInternalLoopback, {1 << 16 | 28}, {1 << 16 | 29});
+    expect_checked(DEV_SWDRV_PMGR_UpdatePortMapping, {2}, {0});
+    expect_checked(DEV_SWDRV_PMGR_GetCPLDSoftwareVersion, {2, text}, {3, text});
+    expect_checked(DEV_SWDRV_PMGR_SetPortFec, {1, 28, 1}, {3, 24, 2});
+    expect_checked(DEV_SWDRV_PMGR_GetPortAbility, {1, 28, &word}, {1, 29, &word});
+    expect_checked(DEV_SWDRV_PMGR_GetMIIPhyRegByPage, {2, 3, 31, 31, 0, 0, 0, &half_word},
+                   {2, 21, 32, 32, 0, 0, 1, &half_word});
+    EXPECT_EQ(run({{read, 0, 0, 0}}), 1);
+    EXPECT_EQ(run({{4, 16, 0, 0}}), 0);
+    EXPECT_EQ(run({{read, 0, 0, 0}}, {2, 21}), 0);
+    EXPECT_EQ(run({{read, 0, 0, 0}}, {2, 29}), 0);
 }
 
 TEST_F(SwdrvPhyTest, ShowsThePortInItsRegisters)
@@ -219,26 +163,21 @@ TEST_F(SwdrvPhyTest, ShowsThePortInItsRegisters)
 
 TEST_F(SwdrvPhyTest, SetsThePortByItsRegisters)
 {
-    uint32_t speed = 0;
     EXPECT_EQ(run({{clear_bits, 9, 0, 0x0200}, {write, 4, 0, 0x0141}}), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortOperSpeedDuplex(2, 3, &speed), 1);
-    EXPECT_EQ(speed, 4U) << "of 10BASE-T and 100BASE-TX full duplex";
+    EXPECT_EQ(speed(), 4U) << "of 10BASE-T and 100BASE-TX full duplex";
     EXPECT_EQ(run({{write, 0, 0, 0x0100}}), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortOperSpeedDuplex(2, 3, &speed), 1);
-    EXPECT_EQ(speed, 2U);
+    EXPECT_EQ(speed(), 2U);
 
     // Without power, and in a test mode, there is no link.
     EXPECT_EQ(run({{set_bits, 0, 0, 0x0800}}), 1);
     EXPECT_EQ(link(), 0U);
     EXPECT_EQ(run({{clear_bits, 0, 0, 0x0800}}), 1);
     EXPECT_EQ(link(), 1U);
-    uint16_t mode = 0;
     EXPECT_EQ(DEV_SWDRV_PMGR_Set1000BaseTPortTestMode(2, 3, 4), 1);
     EXPECT_EQ(reg(9), 0x8000);
     EXPECT_EQ(link(), 0U);
     EXPECT_EQ(run({{write, 9, 0, 0x3A00}}), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_Get1000BaseTPortTestMode(2, 3, &mode), 1);
-    EXPECT_EQ(mode, 1);
+    EXPECT_EQ(answer<uint16_t>(DEV_SWDRV_PMGR_Get1000BaseTPortTestMode, 2, 3), 1);
     EXPECT_EQ(reg(9), 0x3A00);
 
     // A reset puts back what there was at the beginning.
@@ -301,11 +240,11 @@ TEST_F(SwdrvPhyTest, DiagnosesCables)
 
 TEST_F(SwdrvPhyTest, MeasuresTemperatures)
 {
-    EXPECT_EQ(temperature(DEV_SWDRV_PMGR_GetAllPortAverageTemperature), 45U);
-    EXPECT_EQ(temperature(DEV_SWDRV_PMGR_GetDeviceTemperature), 55U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetAllPortAverageTemperature), 45U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetDeviceTemperature), 55U);
     EXPECT_EQ(DEV_SWDRV_PMGR_DisableAllPortAdmin(), 1);
-    EXPECT_EQ(temperature(DEV_SWDRV_PMGR_GetAllPortAverageTemperature), 35U);
-    EXPECT_EQ(temperature(DEV_SWDRV_PMGR_GetDeviceTemperature), 45U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetAllPortAverageTemperature), 35U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetDeviceTemperature), 45U);
 }
 
 }  // namespace

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
-#include <string.h>
 
 #include <array>
-#include <set>
-#include <string>
 #include <vector>
 
 #include "driver/swdrv_client.h"
@@ -12,22 +9,15 @@
 namespace quillon::test {
 namespace {
 
-using Words = std::array<uint32_t, 90>;
+using BlockWords = std::array<uint32_t, 90>;
 
 struct SwdrvPortStatusTest : SwdrvClientTest {
     using Getter = uint8_t (*)(uint32_t, uint32_t, uint32_t *);
     using BlockGetter = uint8_t (*)(uint32_t, uint32_t, uint32_t, void *);
 
-    static uint32_t get(Getter getter, uint32_t unit, uint32_t port)
+    static BlockWords block(BlockGetter getter, uint32_t unit, uint32_t first, uint32_t count, uint8_t result = 1)
     {
-        uint32_t value = UINT32_MAX;
-        EXPECT_EQ(getter(unit, port, &value), 1) << unit << '/' << port;
-        return value;
-    }
-
-    static Words block(BlockGetter getter, uint32_t unit, uint32_t first, uint32_t count, uint8_t result = 1)
-    {
-        Words words;
+        BlockWords words;
         words.fill(UINT32_MAX);
         EXPECT_EQ(getter(unit, first, count, words.data()), result) << unit << '/' << first << '+' << count;
         return words;
@@ -60,10 +50,10 @@ TEST_F(SwdrvPortStatusTest, AnswersTheSameSinglyAndInBlocks)
         {DEV_SWDRV_PMGR_GetPortFlowCtrl, DEV_SWDRV_PMGR_GetAllPortFlowCtrl, {0, 0, 0, 3, 2, 0, 0, 0}},
     };
     for (const auto &row : rows) {
-        const Words words = block(row.block, 1, 1, 28);
+        const BlockWords words = block(row.block, 1, 1, 28);
         EXPECT_EQ(words[0], 28U);
         for (uint32_t port = 1; port <= 28; ++port) {
-            EXPECT_EQ(words[port], get(row.one, 1, port)) << port;
+            EXPECT_EQ(words[port], answer(row.one, 1, port)) << port;
         }
         for (uint32_t port = 1; port <= row.of_first_ports.size(); ++port) {
             EXPECT_EQ(words[port], row.of_first_ports[port - 1]) << port;
@@ -72,13 +62,13 @@ TEST_F(SwdrvPortStatusTest, AnswersTheSameSinglyAndInBlocks)
             EXPECT_EQ(words[i], 0U) << i;
         }
     }
-    EXPECT_EQ(get(DEV_SWDRV_PMGR_GetPortOperSpeedDuplex, 1, 28), 8U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetPortOperSpeedDuplex, 1, 28), 8U);
 }
 
 TEST_F(SwdrvPortStatusTest, PutsAllOfItInOneEntry)
 {
     unsettle();
-    const Words words = block(DEV_SWDRV_PMGR_GetAllPortStatus, 1, 1, 0);
+    const BlockWords words = block(DEV_SWDRV_PMGR_GetAllPortStatus, 1, 1, 0);
     EXPECT_EQ(words[1], 0x01'00'06'01U);
     EXPECT_EQ(words[2], 0x00'00'00'00U);
     EXPECT_EQ(words[3], 0x01'00'00'00U);
@@ -87,32 +77,6 @@ TEST_F(SwdrvPortStatusTest, PutsAllOfItInOneEntry)
     EXPECT_EQ(words[6], 0x01'00'01'01U);
     EXPECT_EQ(words[7], 0x01'00'00'00U);
     EXPECT_EQ(words[28], 0x01'00'08'01U);
-}
-
-// All values that a request takes, and that the one beside it answers.
-TEST_F(SwdrvPortStatusTest, AnswersInTheValuesThatItTakes)
-{
-    using Setter = uint8_t (*)(uint32_t, uint32_t, uint32_t);
-    const struct {
-        Setter set;
-        Getter get;
-        std::set<uint32_t> taken;
-    } rows[] = {
-        {DEV_SWDRV_PMGR_SetPortCfgFlowCtrl, DEV_SWDRV_PMGR_GetPortFlowCtrl, {0, 1, 2, 3}},
-        {DEV_SWDRV_PMGR_SetPortCfgSpeedDuplex, DEV_SWDRV_PMGR_GetPortOperSpeedDuplex, {1, 2, 3, 4, 6}},
-        {DEV_SWDRV_PMGR_SetPortAutoNegoRemoteFaultAdvertisement,
-         DEV_SWDRV_PMGR_GetPortAutoNegoRemoteFaultAdvertisement,
-         {1, 2, 3, 4}},
-    };
-    EXPECT_EQ(DEV_SWDRV_PMGR_DisablePortAutoNeg(1, 1), 1);
-    for (const auto &row : rows) {
-        for (uint32_t value = 0; value < 10; ++value) {
-            const bool is_taken = row.taken.contains(value);
-            const uint32_t before = get(row.get, 1, 1);
-            EXPECT_EQ(row.set(1, 1, value), is_taken ? 1 : 0) << value;
-            EXPECT_EQ(get(row.get, 1, 1), is_taken ? value : before);
-        }
-    }
 }
 
 TEST_F(SwdrvPortStatusTest, TakesThePortsThatAreAskedFor)
@@ -135,9 +99,9 @@ TEST_F(SwdrvPortStatusTest, TakesThePortsThatAreAskedFor)
         {1, 2, UINT32_MAX, {}},
     };
     for (const auto &row : rows) {
-        const Words words =
+        const BlockWords words =
             block(DEV_SWDRV_PMGR_GetAllPortLinkStatus, row.unit, row.first, row.count, row.words.empty() ? 0 : 1);
-        Words expected{};
+        BlockWords expected{};
         std::copy(row.words.begin(), row.words.end(), expected.begin());
         EXPECT_EQ(words, expected) << row.unit << '/' << row.first << '+' << row.count;
     }

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 
-#include <functional>
 #include <vector>
 
 #include "driver/swdrv_client.h"
@@ -10,7 +9,6 @@
 namespace quillon::test {
 namespace {
 
-using driver::ChipState;
 using driver::LogicalPort;
 using driver::SpeedDuplex;
 
@@ -24,35 +22,18 @@ TopologyRecord topology(uint8_t units, uint8_t upwards, uint8_t downwards, uint8
 
 TEST_F(SwdrvStackingTest, NamesUnitsAndChips)
 {
-    const struct {
-        const char *what;
-        std::function<uint8_t(uint32_t *)> get;
-        uint32_t value;
-    } rows[] = {
-        {"unit", DEV_SWDRV_PMGR_GetUnitId, 1},
-        {"stack chip", DEV_SWDRV_PMGR_GetStackChipDeviceID, 2},
-        {"crossbar", DEV_SWDRV_PMGR_GetLocalCrossBarDeviceId, 2},
-        {"master", DEV_SWDRV_PMGR_GetMasterModuleID, 1},
-        {"module", [](uint32_t *id) { return DEV_SWDRV_PMGR_GetModuleInfoByUnit(2, 1, id); }, 4},
-    };
-    for (const auto &row : rows) {
-        uint32_t value = 99;
-        EXPECT_EQ(row.get(&value), 1) << row.what;
-        EXPECT_EQ(value, row.value) << row.what;
-    }
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetUnitId), 1U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetStackChipDeviceID), 2U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetLocalCrossBarDeviceId), 2U);
+    EXPECT_EQ(answer(DEV_SWDRV_PMGR_GetMasterModuleID), 1U);
+    uint32_t module_id = 0;
+    expect_checked(DEV_SWDRV_PMGR_GetModuleInfoByUnit, {2, 1, &module_id}, {3, 2, &module_id});
+    EXPECT_EQ(module_id, 4U);
     uint32_t unit = 0;
     uint32_t port = 0;
-    EXPECT_EQ(DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID(2, 1, 14, &unit, &port), 1);
+    expect_checked(DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID, {2, 1, 14, &unit, &port},
+                   {3, 2, 15, &unit, &port});
     EXPECT_EQ((LogicalPort{unit, port}), (LogicalPort{2, 28}));
-
-    uint32_t id = 0;
-    expect_refused({
-        {"unit", [&] { return DEV_SWDRV_PMGR_GetModuleInfoByUnit(3, 0, &id); }},
-        {"device", [&] { return DEV_SWDRV_PMGR_GetModuleInfoByUnit(1, 2, &id); }},
-        {"port", [&] { return DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID(2, 1, 15, &unit, &port); }},
-        {"device of a port",
-         [&] { return DEV_SWDRV_PMGR_Physical2LogicalPortByUnitID_DeviceID(2, 2, 1, &unit, &port); }},
-    });
 }
 
 TEST_F(SwdrvStackingTest, WalksOverTheChipsToTheirEnd)
@@ -158,58 +139,37 @@ TEST(Topology, BeginsAsARing)
 
 TEST_F(SwdrvStackingTest, SetsThePortHardware)
 {
-    const auto settings = [](const ChipState &chips, uint32_t port) { return *chips.ports.find({2, port}); };
-    expect_changes({
-        {"forced speed", [] { return DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 1, 4); },
-         [=](const ChipState &chips) { return settings(chips, 1).speed_duplex() == SpeedDuplex::hundred_full; }},
-        {"fibre", [] { return DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 21, 0); },
-         [=](const ChipState &chips) { return !settings(chips, 21).negotiates(); }},
-        {"interface", [] { return DEV_SWDRV_PMGR_SetPortIfmode(2, 28, 3); },
-         [](const ChipState &chips) {
-             return chips.kept.get(driver::Setting::port_interface, {2, 28}) == std::vector<uint32_t>{3};
-         }},
-        {"loopback",
-         [] {
-             DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 2, 1);
-             DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 2, 2);
-             DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 3, 1);
-             DEV_SWDRV_PMGR_VID_BREAK();
-             return uint8_t{1};
-         },
-         [](const ChipState &chips) {
-             return chips.kept.get(driver::Setting::higig_remote_loopback, {2, 2}) == std::vector<uint32_t>{1} &&
-                    chips.kept.get(driver::Setting::higig_remote_loopback, {2, 3}).empty();
-         }},
-    });
+    const auto settings = [this](uint32_t port) { return *model.lock()->chips.ports.find({2, port}); };
+    expect_checked(DEV_SWDRV_PMGR_SetPortComboForcedMode, {2, 1, 1, 4}, {3, 29, 2, 5});
+    EXPECT_EQ(settings(1).speed_duplex(), SpeedDuplex::hundred_full);
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 1, 8), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 0, 0), 1);
-    expect_refused({
-        {"port", [] { return DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 29, 1, 0); }},
-        {"medium", [] { return DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 2, 0); }},
-        {"speed", [] { return DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 1, 8); }},
-        {"no speed", [] { return DEV_SWDRV_PMGR_SetPortComboForcedMode(2, 1, 1, 5); }},
-        {"interface", [] { return DEV_SWDRV_PMGR_SetPortIfmode(2, 1, 2); }},
-        {"no interface", [] { return DEV_SWDRV_PMGR_SetPortIfmode(2, 1, 0); }},
-        {"interface of a port", [] { return DEV_SWDRV_PMGR_SetPortIfmode(3, 1, 1); }},
-        {"fibre of a copper port", [] { return DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 1, 1); }},
-        {"10GBASE-R", [] { return DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 28, 1); }},
-        {"flag", [] { return DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 21, 2); }},
-    });
+    expect_checked(DEV_SWDRV_PMGR_SetFiberPortAutoNeg, {2, 21, 1}, {3, 1, 2});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 21, 0), 1);
+    EXPECT_FALSE(settings(21).negotiates());
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetFiberPortAutoNeg(2, 28, 1), 0) << "10GBASE-R";
+    expect_kept(DEV_SWDRV_PMGR_SetPortIfmode, {2, 28, 3}, {3, 29, 0}, driver::Setting::port_interface, {2, 28}, {3});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortIfmode(2, 1, 2), 0);
+
+    // Nothing says whether these were taken.
+    DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 2, 1);
+    DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 2, 2);
+    DEV_SWDRV_PMGR_HiGigRemoteLoopbackSet(2, 3, 1);
+    DEV_SWDRV_PMGR_VID_BREAK();
+    EXPECT_TRUE(kept(driver::Setting::higig_remote_loopback, {2, 2}, {1})(model.lock()->chips));
+    EXPECT_TRUE(kept(driver::Setting::higig_remote_loopback, {2, 3}, {})(model.lock()->chips));
 }
 
 TEST_F(SwdrvStackingTest, DetectsEnergyOnCopper)
 {
-    const auto energy = [](uint32_t port) {
-        uint32_t detected = 99;
-        EXPECT_EQ(DEV_SWDRV_PMGR_GetCopperEnergyDetect(2, port, &detected), 1);
-        return detected;
-    };
-    uint32_t detected = 0;
+    const auto energy = [](uint32_t port) { return answer(DEV_SWDRV_PMGR_GetCopperEnergyDetect, 2, port); };
     EXPECT_EQ(energy(1), 1U);
     model.lock()->lines.find({2, 1})->plugged = false;
     EXPECT_EQ(energy(1), 0U);
     EXPECT_EQ(energy(2), 1U);
     DEV_SWDRV_PMGR_ShutdownSwitch();
     EXPECT_EQ(energy(2), 0U);
+    uint32_t detected = 0;
     EXPECT_EQ(DEV_SWDRV_PMGR_GetCopperEnergyDetect(2, 21, &detected), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_GetCopperEnergyDetect(2, 29, &detected), 0);
 }

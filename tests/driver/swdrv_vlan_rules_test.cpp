@@ -30,39 +30,24 @@ TEST_F(SwdrvVlanRulesTest, PutsAddressesInVlans)
     static constexpr Mac none = {};
     static constexpr uint32_t net = 0xC0A80100;
     static constexpr uint32_t mask = 0xFFFFFF00;
-    const auto of_mac = [](const ChipState &chips) { return chips.vlan_rules.macs.find(mac); };
-    const auto of_net = [](const ChipState &chips) { return chips.vlan_rules.subnets.find({net, mask}); };
-    expect_changes({
-        {"MAC", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(mac.data(), vlan, 3); },
-         [=](const ChipState &chips) {
-             return of_mac(chips) && *of_mac(chips) == VlanAssignment{vlan, 3};
-         }},
-        {"MAC, again", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(mac.data(), 1, 7); },
-         [=](const ChipState &chips) {
-             return of_mac(chips) && *of_mac(chips) == VlanAssignment{1, 7};
-         }},
-        {"MAC deleted", [] { return DEV_SWDRV_PMGR_DeleteMacVlanEntry(mac.data()); },
-         [=](const ChipState &chips) { return of_mac(chips) == nullptr; }},
-        {"subnet", [] { return DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(net, mask, vlan, 0); },
-         [=](const ChipState &chips) {
-             return of_net(chips) && *of_net(chips) == VlanAssignment{vlan, 0};
-         }},
-        {"subnet deleted", [] { return DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(net, mask); },
-         [=](const ChipState &chips) { return of_net(chips) == nullptr; }},
-    });
-    EXPECT_EQ(DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(0x0A000001, UINT32_MAX, vlan, 0), 1);
-    expect_refused({
-        {"VLAN", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(mac.data(), 8, 0); }},
-        {"priority", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(mac.data(), vlan, 8); }},
-        {"multicast", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(multicast.data(), vlan, 0); }},
-        {"no MAC", [] { return DEV_SWDRV_PMGR_SetMacVlanEntry(none.data(), vlan, 0); }},
-        {"MAC entry", [] { return DEV_SWDRV_PMGR_DeleteMacVlanEntry(mac.data()); }},
-        {"VLAN of a subnet", [] { return DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(net, mask, 8, 0); }},
-        {"host bits", [] { return DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(net + 1, mask, vlan, 0); }},
-        {"holes", [] { return DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(net, 0xFF00FF00, vlan, 0); }},
-        {"everything", [] { return DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(0, 0, vlan, 0); }},
-        {"subnet entry", [] { return DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(net, mask); }},
-    });
+    const auto assignment = [](const VlanAssignment *found) { return found ? std::optional(*found) : std::nullopt; };
+    const auto of_mac = [&] { return assignment(model.lock()->chips.vlan_rules.macs.find(mac)); };
+    const auto of_net = [&] { return assignment(model.lock()->chips.vlan_rules.subnets.find({net, mask})); };
+    expect_checked(DEV_SWDRV_PMGR_SetMacVlanEntry, {mac.data(), vlan, 3}, {multicast.data(), 8, 8});
+    EXPECT_EQ(of_mac(), (VlanAssignment{vlan, 3}));
+    expect_checked(DEV_SWDRV_PMGR_SetMacVlanEntry, {mac.data(), 1, 7}, {none.data(), 8, 8});
+    EXPECT_EQ(of_mac(), (VlanAssignment{1, 7}));
+    EXPECT_EQ(DEV_SWDRV_PMGR_DeleteMacVlanEntry(mac.data()), 1);
+    EXPECT_EQ(of_mac(), std::nullopt);
+    EXPECT_EQ(DEV_SWDRV_PMGR_DeleteMacVlanEntry(mac.data()), 0);
+
+    expect_checked(DEV_SWDRV_PMGR_SetIpSubnetVlanEntry, {net, mask, vlan, 0}, {net + 1, 0xFF00FF00, 8, 8});
+    EXPECT_EQ(of_net(), (VlanAssignment{vlan, 0}));
+    EXPECT_EQ(DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(net, mask), 1);
+    EXPECT_EQ(of_net(), std::nullopt);
+    EXPECT_EQ(DEV_SWDRV_PMGR_DeleteIpSubnetVlanEntry(net, mask), 0);
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(0x0A000001, UINT32_MAX, vlan, 0), 1) << "one host";
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetIpSubnetVlanEntry(0, 0, vlan, 0), 0) << "everything";
 }
 
 TEST_F(SwdrvVlanRulesTest, HaveRoomForSoMany)
@@ -88,16 +73,15 @@ TEST_F(SwdrvVlanRulesTest, PutsProtocolsInVlans)
 {
     // IPv4 and ARP in Ethernet frames, NetBIOS behind LLC.
     static constexpr uint8_t protocols[] = {1, 0x08, 0x00, 0, 0, 1, 0x08, 0x06, 0, 0, 5, 0xF0, 0xF0, 0, 0};
-    static constexpr uint8_t unknown_type[] = {4, 0, 0, 0, 0};
+    static constexpr uint8_t unknown_type[15] = {4};
     static constexpr ProtocolGroupKey key = {{1, 2, 3}};
     static constexpr ProtocolGroupKey other_key = {{1, 2, 4}};
-    const auto add = [&](uint32_t of_port, uint32_t group, uint32_t to, uint32_t count, uint8_t priority) {
-        return DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry(2, of_port, group, to, count, &key, priority, protocols);
-    };
     const auto remove = [&](uint32_t group, uint32_t count, const ProtocolGroupKey &named) {
         return DEV_SWDRV_PMGR_DelDot1vProtocolPortEntry(2, 3, group, vlan, count, &named, protocols);
     };
-    EXPECT_EQ(add(3, 128, vlan, 3, 5), 1);
+    expect_checked(DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry, {2, 3, 128, vlan, 3, &key, 5, protocols},
+                   {3, 29, 129, 8, 0, &key, 8, unknown_type});
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry(2, 3, 0, vlan, 3, &key, 5, protocols), 0) << "no group";
     {
         const auto access = model.lock();
         const auto *const entry = access->chips.vlan_rules.protocols.find({{2, 3}, 128});
@@ -112,38 +96,13 @@ TEST_F(SwdrvVlanRulesTest, PutsProtocolsInVlans)
     EXPECT_EQ(remove(128, 3, other_key), 0);
     EXPECT_EQ(remove(128, 3, key), 1);
     EXPECT_EQ(remove(128, 3, key), 0);
-    expect_refused({
-        {"port", [&] { return add(29, 1, vlan, 3, 0); }},
-        {"group", [&] { return add(3, 129, vlan, 3, 0); }},
-        {"no group", [&] { return add(3, 0, vlan, 3, 0); }},
-        {"VLAN", [&] { return add(3, 1, 8, 3, 0); }},
-        {"no protocol", [&] { return add(3, 1, vlan, 0, 0); }},
-        {"priority", [&] { return add(3, 1, vlan, 3, 8); }},
-        {"frame type",
-         [&] { return DEV_SWDRV_PMGR_AddDot1vProtocolPortEntry(2, 3, 1, vlan, 1, &key, 0, unknown_type); }},
-    });
 
-    static constexpr ProtocolTemplate arp = {{1, 0x08, 0x06, 0, 0}};
-    static constexpr ProtocolTemplate nothing = {};
-    const auto group_entry = [](const ChipState &chips) {
-        return chips.kept.get(driver::Setting::protocol_group_entry, {255});
-    };
-    using Words = driver::KeptSettings::Words;
-    expect_changes({
-        {"group entry", [] { return DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(255, &arp, 128); },
-         [=](const ChipState &chips) {
-             return group_entry(chips) == Words{128, 1, 8, 6};
-         }},
-        {"no group", [] { return DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(255, &nothing, 0); },
-         [=](const ChipState &chips) {
-             return group_entry(chips) == Words{0, 0, 0, 0};
-         }},
-    });
-    expect_refused({
-        {"entry", [] { return DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(256, &arp, 1); }},
-        {"group of an entry", [] { return DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(1, &arp, 129); }},
-        {"protocol", [] { return DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry(1, &nothing, 1); }},
-    });
+    const ProtocolTemplate arp = {{1, 0x08, 0x06, 0, 0}};
+    const ProtocolTemplate nothing = {};
+    expect_kept(DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry, {255, &arp, 128}, {256, &nothing, 129},
+                driver::Setting::protocol_group_entry, {255}, {128, 1, 8, 6});
+    expect_kept(DEV_SWDRV_PMGR_SetDot1vProtocolGroupEntry, {255, &nothing, 0}, {256, &nothing, 1},
+                driver::Setting::protocol_group_entry, {255}, {0, 0, 0, 0});
 }
 
 TEST_F(SwdrvVlanRulesTest, TrunksVlans)
@@ -171,37 +130,22 @@ TEST_F(SwdrvVlanRulesTest, TrunksVlans)
     std::array<uint8_t, 512> too_many = list;
     too_many[511] = 0x80;
     expect_refused({
-        {"port", [] { return DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN(no_port, 1, vlan); }},
-        {"VLAN", [] { return DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN(port, 1, 8); }},
-        {"flag", [] { return DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN(port, 2, vlan); }},
         {"a VLAN of the list", [&] { return DEV_SWDRV_PMGR_SetPortVlanTunkingByVlanList(&port, 1, too_many.data()); }},
         {"VLAN that is there", [] { return DEV_SWDRV_PMGR_CreateVlanForVlanTrunking(vlan, &port); }},
         {"VLAN id", [] { return DEV_SWDRV_PMGR_CreateVlanForVlanTrunking(4095, &port); }},
         {"port of a VLAN", [] { return DEV_SWDRV_PMGR_CreateVlanForVlanTrunking(9, &no_port); }},
     });
     EXPECT_FALSE(trunks(vlan)(model.lock()->chips)) << "a list is taken whole or not at all";
+    expect_checked(DEV_SWDRV_PMGR_SetPortVlanTunkingByVLAN, {port, 1, vlan}, {no_port, 2, 8});
     EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(9), 1) << "what was refused created nothing";
 }
 
 TEST_F(SwdrvVlanRulesTest, SetsTags)
 {
-    expect_changes({
-        {"priority", [] { return DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri(2, 3, 1); },
-         [](const ChipState &chips) {
-             return chips.kept.get(driver::Setting::copy_inner_priority, {2, 3}) == std::vector<uint32_t>{1};
-         }},
-        {"tag", [] { return DEV_SWDRV_PMGR_SetRspanVlanTag(6, vlan, 0x88A8); },
-         [](const ChipState &chips) {
-             return chips.vlan_rules.rspan_tag == driver::RspanTag{{vlan, 6}, 0x88A8};
-         }},
-    });
-    expect_refused({
-        {"port", [] { return DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri(2, 29, 1); }},
-        {"flag", [] { return DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri(2, 3, 2); }},
-        {"priority", [] { return DEV_SWDRV_PMGR_SetRspanVlanTag(8, vlan, 0x8100); }},
-        {"VLAN", [] { return DEV_SWDRV_PMGR_SetRspanVlanTag(0, 8, 0x8100); }},
-        {"TPID", [] { return DEV_SWDRV_PMGR_SetRspanVlanTag(0, vlan, 0x5FF); }},
-    });
+    expect_kept(DEV_SWDRV_PMGR_SetCopyInnerPri2OuterPri, {2, 3, 1}, {3, 29, 2}, driver::Setting::copy_inner_priority,
+                {2, 3}, {1});
+    expect_checked(DEV_SWDRV_PMGR_SetRspanVlanTag, {6, vlan, 0x88A8}, {8, 8, 0x5FF});
+    EXPECT_EQ(model.lock()->chips.vlan_rules.rspan_tag, (driver::RspanTag{{vlan, 6}, 0x88A8}));
 }
 
 TEST_F(SwdrvVlanRulesTest, GoWithTheirVlan)
