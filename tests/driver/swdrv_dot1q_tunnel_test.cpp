@@ -1,57 +1,33 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 
-#include <initializer_list>
-
 #include "driver/swdrv_client.h"
 
 namespace quillon::test {
 namespace {
 
-using driver::ChipState;
-using driver::LogicalPort;
 using driver::PortTunnel;
-using driver::ReplaceMode;
 using driver::ServiceTags;
 using driver::TunnelMode;
+using driver::Tunnels;
 
-constexpr LogicalPort port{2, 3};
+struct SwdrvDot1qTunnelTest : SwdrvClientTest {
+    PortTunnel tunnel(uint32_t unit = 2) { return *model.lock()->chips.tunnels.find({unit, 3}); }
+};
 
-struct SwdrvDot1qTunnelTest : SwdrvClientTest {};
-
-TEST_F(SwdrvDot1qTunnelTest, ChangesTunnels)
+TEST_F(SwdrvDot1qTunnelTest, KeepsTheSettingsOfAPort)
 {
-    static const auto tunnel = [](const ChipState &chips) -> const PortTunnel & { return *chips.tunnels.find(port); };
-    model.lock()->chips.vlans.create(100);
-    expect_changes({
-        {"mode", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelMode(2, 3, 2); },
-         [](const ChipState &chips) { return tunnel(chips).mode == TunnelMode::provider_side; }},
-        {"TPID", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(2, 3, 0x88A8); },
-         [](const ChipState &chips) { return tunnel(chips).tpid == 0x88A8; }},
-        {"replace mode", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan(2, 3, 2); },
-         [](const ChipState &chips) {
-             return tunnel(chips).replace_mode == ReplaceMode{false, true};
-         }},
-        {"double tag", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(2, 3, 7, 1, 100, 5); },
-         [](const ChipState &chips) {
-             return tunnel(chips).double_tags == ServiceTags{{7, {100, 5}}};
-         }},
-        {"replacement", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(2, 3, 8, 100, 6, 1); },
-         [](const ChipState &chips) {
-             return tunnel(chips).replacements == ServiceTags{{8, {100, 6}}};
-         }},
-        {"no double tag", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(2, 3, 7, 0, 0, 0); },
-         [](const ChipState &chips) { return tunnel(chips).double_tags.empty(); }},
-        {"no replacement", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(2, 3, 8, 0, 0, 0); },
-         [](const ChipState &chips) { return tunnel(chips).replacements.empty(); }},
-    });
-    expect_refused({
-        {"mode 3", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelMode(2, 3, 3); }},
-        {"replace mode 4", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan(2, 3, 4); }},
-        {"flag 2", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(2, 3, 7, 2, 100, 5); }},
-        {"flag 2 to replace", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(2, 3, 8, 100, 6, 2); }},
-        {"TPID 5", [] { return DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(2, 3, 5); }},
-    });
+    expect_checked(DEV_SWDRV_PMGR_SetPortDot1qTunnelMode, {2, 3, 2}, {3, 29, 3});
+    expect_checked(DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID, {2, 3, 0x88A8}, {3, 29, 0x05FF});
+    expect_checked(DEV_SWDRV_PMGR_SetPortDot1qTunnelModeForReplaceVlan, {2, 3, 2}, {3, 29, 4});
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(2, 3, 0x1'0000), 0);
+    const PortTunnel expected{.mode = TunnelMode::provider_side,
+                              .tpid = 0x88A8,
+                              .replace_mode = {.incoming = false, .outgoing = true},
+                              .double_tags = {},
+                              .replacements = {}};
+    EXPECT_EQ(tunnel(), expected);
+    EXPECT_EQ(tunnel(1), PortTunnel{});
 
     // Ports of the local unit alone can be read.
     uint8_t mode = 0xEE;
@@ -61,11 +37,63 @@ TEST_F(SwdrvDot1qTunnelTest, ChangesTunnels)
         EXPECT_EQ(DEV_SWDRV_PMGR_GetPortDot1qTunnelModeofLocalPort(1, 3, &mode), 1);
         EXPECT_EQ(mode, taken);
     }
-    EXPECT_EQ(DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(1, 3, 0x9100), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_GetPortDot1qTunnelTPIDofLocalPort(1, 3, &tpid), 1);
-    EXPECT_EQ(tpid, 0x9100U);
+    for (const uint32_t taken : {0x0600U, 0xFFFFU}) {
+        EXPECT_EQ(DEV_SWDRV_PMGR_SetPortDot1qTunnelTPID(1, 3, taken), 1);
+        EXPECT_EQ(DEV_SWDRV_PMGR_GetPortDot1qTunnelTPIDofLocalPort(1, 3, &tpid), 1);
+        EXPECT_EQ(tpid, taken);
+    }
     EXPECT_EQ(DEV_SWDRV_PMGR_GetPortDot1qTunnelModeofLocalPort(2, 3, &mode), 0);
     EXPECT_EQ(DEV_SWDRV_PMGR_GetPortDot1qTunnelTPIDofLocalPort(2, 3, &tpid), 0);
+}
+
+// Both kinds of mapping, whose requests name the flag and the tag in different places.
+TEST_F(SwdrvDot1qTunnelTest, MapsCustomerVlans)
+{
+    const struct {
+        ServiceTags PortTunnel::*tags;
+        uint8_t (*change)(uint32_t port, uint32_t customer_vlan, uint8_t flag, uint32_t vlan, uint8_t priority);
+    } rows[] = {
+        {&PortTunnel::double_tags,
+         [](uint32_t port, uint32_t customer_vlan, uint8_t flag, uint32_t vlan, uint8_t priority) {
+             return DEV_SWDRV_PMGR_SetPortDot1qTunnelVlanDoubleTag(2, port, customer_vlan, flag, vlan, priority);
+         }},
+        {&PortTunnel::replacements,
+         [](uint32_t port, uint32_t customer_vlan, uint8_t flag, uint32_t vlan, uint8_t priority) {
+             return DEV_SWDRV_PMGR_SetPortDot1qTunnelReplaceVlan(2, port, customer_vlan, vlan, priority, flag);
+         }},
+    };
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(100), 1);
+    for (const auto &row : rows) {
+        const auto change = row.change;
+        EXPECT_EQ(change(3, 7, 1, 100, 7), 1);
+        EXPECT_EQ(tunnel().*row.tags, (ServiceTags{{7, {.vlan = 100, .priority = 7}}}));
+        EXPECT_EQ(change(3, 7, 1, 1, 0), 1);
+        const ServiceTags mapped{{7, {.vlan = 1, .priority = 0}}};
+        EXPECT_EQ(tunnel().*row.tags, mapped);
+        expect_refused({
+            {"customer VLAN 0", [=] { return change(3, 0, 1, 100, 0); }},
+            {"customer VLAN 4095", [=] { return change(3, 4095, 1, 100, 0); }},
+            {"no VLAN", [=] { return change(3, 7, 1, 101, 0); }},
+            {"priority 8", [=] { return change(3, 7, 1, 100, 8); }},
+            {"flag 2", [=] { return change(3, 7, 2, 100, 5); }},
+            {"no port", [=] { return change(29, 7, 1, 100, 0); }},
+            {"not mapped", [=] { return change(3, 8, 0, 0, 0); }},
+            {"no port to map at", [=] { return change(29, 7, 0, 0, 0); }},
+        });
+        EXPECT_EQ(tunnel().*row.tags, mapped);
+
+        for (uint32_t vlan = 1; vlan <= Tunnels::most_mappings; ++vlan) {
+            EXPECT_EQ(change(3, vlan, 1, 100, 0), 1);
+        }
+        EXPECT_EQ(change(3, 4094, 1, 100, 0), 0) << "full";
+        EXPECT_EQ(change(3, 128, 1, 1, 0), 1) << "a change needs no room";
+        EXPECT_EQ(change(3, 1, 0, 0, 0), 1);
+        EXPECT_EQ(change(3, 4094, 1, 100, 0), 1);
+    }
+    EXPECT_EQ(DEV_SWDRV_PMGR_DestroyVlan(100), 1);
+    for (const auto &row : rows) {
+        EXPECT_EQ(tunnel().*row.tags, (ServiceTags{{128, {.vlan = 1, .priority = 0}}}));
+    }
 }
 
 }  // namespace

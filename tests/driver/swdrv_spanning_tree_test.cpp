@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -10,52 +11,102 @@
 namespace quillon::test {
 namespace {
 
-using driver::ChipState;
 using driver::LogicalPort;
 using driver::SpanningTreeMode;
-using driver::SpanningTreeState;
+using enum driver::SpanningTreeState;
 
 constexpr LogicalPort port{2, 3};
 
-struct SwdrvSpanningTreeTest : SwdrvClientTest {};
-
-TEST_F(SwdrvSpanningTreeTest, ChangesSpanningTrees)
+uint8_t set_state(uint32_t instance, const std::vector<uint16_t> &vlans, uint32_t state)
 {
-    // 4094 entries, as many as a request has room for.
-    static std::vector<uint16_t> all;
-    for (uint16_t vlan = 1; vlan <= 4094; ++vlan) {
-        all.push_back(vlan);
+    return DEV_SWDRV_PMGR_SetPortSTAState(instance, static_cast<uint32_t>(vlans.size()), vlans.data(), 2, 3, state);
+}
+
+struct SwdrvSpanningTreeTest : SwdrvClientTest {
+    driver::SpanningTreeState state(uint32_t instance, const LogicalPort &of = port)
+    {
+        return model.lock()->chips.spanning_tree.state(instance, of);
+    }
+    uint32_t instance_of(uint32_t vlan) { return model.lock()->chips.spanning_tree.instance_of(vlan); }
+};
+
+TEST_F(SwdrvSpanningTreeTest, KeepsAStateForEachPortAndInstance)
+{
+    expect_checked(DEV_SWDRV_PMGR_SetSTAMode, {3}, {1});
+    EXPECT_EQ(model.lock()->chips.spanning_tree.mode(), SpanningTreeMode::mstp);
+    EXPECT_EQ(state(0), forwarding);
+    expect_checked(DEV_SWDRV_PMGR_SetPortSTAState, {0, 0, nullptr, 2, 3, 2}, {65, 0, nullptr, 3, 29, 0});
+    expect_checked(DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx, {64, 2, 3, 4}, {65, 3, 29, 6});
+    expect_checked(DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx, {64, 1, 3, 1}, {UINT32_MAX, 0, 0, 0});
+    EXPECT_EQ(state(0), blocking);
+    EXPECT_EQ(state(63), forwarding);
+    EXPECT_EQ(state(64), learning);
+    EXPECT_EQ(state(64, {1, 3}), disabled);
+}
+
+TEST_F(SwdrvSpanningTreeTest, HasEachVlanInOneInstance)
+{
+    const auto add = [](uint32_t instance) { return DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(instance, 10); };
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(10), 1);
+    EXPECT_EQ(instance_of(10), 0U);
+    EXPECT_EQ(DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx(0, 10), 0);
+    EXPECT_EQ(add(1), 1);
+    expect_checked(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx, {64, 10}, {65, 11});
+    EXPECT_EQ(instance_of(10), 64U);
+    expect_checked(DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx, {64, 10}, {1, 11});
+    EXPECT_EQ(instance_of(10), 0U);
+    EXPECT_EQ(add(1), 1);
+    EXPECT_EQ(add(0), 1);
+    EXPECT_EQ(instance_of(10), 0U);
+    EXPECT_EQ(add(5), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_DestroyVlan(10), 1);
+    EXPECT_EQ(instance_of(10), 0U) << "goes with its VLAN";
+}
+
+TEST_F(SwdrvSpanningTreeTest, RefusesACallerWithAnotherViewOfTheInstance)
+{
+    for (const uint32_t id : {10U, 20U, 30U}) {
+        EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(id), 1);
+    }
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(1, 10), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(1, 20), 1);
+    const struct {
+        const char *what;
+        uint32_t instance;
+        std::vector<uint16_t> vlans;
+        bool accepted;
+    } rows[] = {
+        {"all of them", 1, {10, 20}, true},
+        {"one of them", 1, {20}, true},
+        {"not told", 1, {}, true},
+        {"one more", 1, {10, 30}, false},
+        {"one that does not exist", 0, {40}, false},
+        {"the common tree's", 0, {1, 30}, true},
+        {"one that left the common tree", 0, {1, 20}, false},
+        {"VLAN 0", 0, {0}, false},
+        {"no such instance", 65, {}, false},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(set_state(row.instance, row.vlans, 3), row.accepted ? 1 : 0);
+        if (row.instance != 65) {
+            EXPECT_EQ(state(row.instance), row.accepted ? listening : forwarding);
+            EXPECT_EQ(set_state(row.instance, {}, 5), 1);
+        }
+    }
+
+    // As many as a request has room for.
+    std::vector<uint16_t> all(4094);
+    std::iota(all.begin(), all.end(), uint16_t{1});
+    for (const uint16_t vlan : all) {
         model.lock()->chips.vlans.create(vlan);
     }
-    static constexpr uint16_t in_instance[] = {10, 4094};
-
-    expect_changes({
-        {"MSTP", [] { return DEV_SWDRV_PMGR_SetSTAMode(3); },
-         [](const ChipState &chips) { return chips.spanning_tree.mode() == SpanningTreeMode::mstp; }},
-        {"all VLANs", [] { return DEV_SWDRV_PMGR_SetPortSTAState(0, 4094, all.data(), 2, 3, 2); },
-         [](const ChipState &chips) { return chips.spanning_tree.state(0, port) == SpanningTreeState::blocking; }},
-        {"VLAN 10", [] { return DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(5, 10); },
-         [](const ChipState &chips) { return chips.spanning_tree.instance_of(10) == 5; }},
-        {"VLAN 4094", [] { return DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(5, 4094); },
-         [](const ChipState &chips) { return chips.spanning_tree.instance_of(4094) == 5; }},
-        {"VLANs of the instance", [] { return DEV_SWDRV_PMGR_SetPortSTAState(5, 2, in_instance, 2, 3, 3); },
-         [](const ChipState &chips) { return chips.spanning_tree.state(5, port) == SpanningTreeState::listening; }},
-        {"no VLANs", [] { return DEV_SWDRV_PMGR_SetPortSTAState(5, 0, nullptr, 2, 3, 1); },
-         [](const ChipState &chips) { return chips.spanning_tree.state(5, port) == SpanningTreeState::disabled; }},
-        {"the instance", [] { return DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(5, 2, 3, 4); },
-         [](const ChipState &chips) { return chips.spanning_tree.state(5, port) == SpanningTreeState::learning; }},
-        {"back", [] { return DEV_SWDRV_PMGR_DeleteVlanFromSTAWithMstidx(5, 10); },
-         [](const ChipState &chips) { return chips.spanning_tree.instance_of(10) == 0; }},
-    });
-    expect_refused({
-        {"mode 1", [] { return DEV_SWDRV_PMGR_SetSTAMode(1); }},
-        {"the last VLAN is elsewhere", [] { return DEV_SWDRV_PMGR_SetPortSTAState(0, 4094, all.data(), 2, 3, 5); }},
-        {"state 0", [] { return DEV_SWDRV_PMGR_SetPortSTAState(0, 0, nullptr, 2, 3, 0); }},
-        {"state 6", [] { return DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(5, 2, 3, 6); }},
-        {"instance 65", [] { return DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(65, 2, 3, 5); }},
-        {"no port", [] { return DEV_SWDRV_PMGR_SetPortSTAStateWithMstidx(5, 2, 29, 5); }},
-    });
-    EXPECT_EQ(model.lock()->chips.spanning_tree.state(0, port), SpanningTreeState::blocking);
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(0, 10), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(0, 20), 1);
+    EXPECT_EQ(set_state(0, all, 1), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_AddVlanToSTAWithMstidx(5, 4094), 1);
+    EXPECT_EQ(set_state(0, all, 5), 0) << "the last one is elsewhere";
+    EXPECT_EQ(state(0), disabled);
 }
 
 // More entries than the client library would send. Behind the list the request has more words that name VLAN 1.

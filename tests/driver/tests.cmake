@@ -5,11 +5,9 @@ quillon_test(driver_tests
   driver/devrm_rules_test.cpp
   driver/dispatcher_test.cpp
   driver/event_log_test.cpp
-  driver/frame_sizes_test.cpp
   driver/ip_multicast_test.cpp
   driver/mac_table_test.cpp
   driver/meter_test.cpp
-  driver/mirrors_test.cpp
   driver/nmtrdrv_test.cpp
   driver/oam_events_test.cpp
   driver/packet_generators_test.cpp
@@ -18,17 +16,13 @@ quillon_test(driver_tests
   driver/packet_receiver_test.cpp
   driver/pattern_match_test.cpp
   driver/port_status_test.cpp
-  driver/priorities_test.cpp
   driver/process_test.cpp
   driver/routes_test.cpp
   driver/rules_test.cpp
-  driver/spanning_tree_test.cpp
   driver/stack_test.cpp
-  driver/storm_control_test.cpp
   driver/swdrv_dot1q_tunnel_test.cpp
   driver/swdrv_encoding_test.cpp
   driver/swdrv_frame_size_test.cpp
-  driver/swdrv_igmp_trap_test.cpp
   driver/swdrv_mapping_test.cpp
   driver/swdrv_mirroring_test.cpp
   driver/swdrv_multicast_traps_test.cpp
@@ -49,9 +43,6 @@ quillon_test(driver_tests
   driver/swdrvl3_routes_test.cpp
   driver/swdrvl3_routing_test.cpp
   driver/swdrvl4_test.cpp
-  driver/switch_test.cpp
-  driver/trunks_test.cpp
-  driver/tunnels_test.cpp
-  driver/vlans_test.cpp)
+  driver/switch_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
 target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts quillon quillon_platform GTest::gmock)
