@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <map>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "driver/swdrv_client.h"
 
@@ -117,7 +119,8 @@ TEST_F(AmtrdrvTest, WalksInBatchesOfEachClientsOwn)
 TEST_F(AmtrdrvTest, ChangesTheTable)
 {
     static const AddrTblEntry own = entry(0xE0);
-    static const AddrTblEntry own_learned = entry(0xE0, learned);
+    static const AddrTblEntry elsewhere = {
+        {0x02, 0xA0, 0xB0, 0xC0, 0xD0, 0xE0, 1, 0, 3, 0, 3, 0, set_by_management, at_port, 0, 0}};
     const auto is = [](MacKind kind) {
         return [kind](const ChipState &chips) {
             const driver::MacEntry *const entry = chips.macs.find(key);
@@ -131,18 +134,12 @@ TEST_F(AmtrdrvTest, ChangesTheTable)
         };
     };
     const auto gone = [](const ChipState &chips) { return chips.macs.find(key) == nullptr; };
-    const auto set_learned = [] { EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own_learned), 1); };
-    const auto set_static = [] { EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own), 1); };
 
     expect_changes({
         {"of the VLAN", [] { return DEV_AMTRDRV_PMGR_AddVlanMac(1, mac); }, is(MacKind::of_vlan)},
         {"not of the VLAN", [] { return DEV_AMTRDRV_PMGR_DeleteVlanMac(1, mac); }, gone},
         {"intervention", [] { return static_cast<uint8_t>(DEV_AMTRDRV_PMGR_SetInterventionEntry(1, mac, 0, 7)); },
-         [](const ChipState &chips) {
-             const driver::MacEntry *const entry = chips.macs.find(key);
-             return entry != nullptr && entry->kind == MacKind::intervention &&
-                    entry->treatment == driver::MacTreatment{.copies_to_cpu = true, .cpu_priority = 7};
-         }},
+         is(MacKind::intervention)},
         {"trapped", [] { return static_cast<uint8_t>(DEV_AMTRDRV_PMGR_SetInterventionEntry(1, mac, 1, 7)); },
          [](const ChipState &chips) { return !chips.macs.find(key)->treatment.copies_to_cpu; }},
         {"no intervention", [] { return DEV_AMTRDRV_PMGR_DeleteInterventionEntry(1, mac); }, gone},
@@ -150,16 +147,12 @@ TEST_F(AmtrdrvTest, ChangesTheTable)
          in_chips(0b10)},
         {"in all chips", [] { return DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own); }, in_chips(0b11)},
         {"not in chip 0", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByDevice(0, 1, mac); }, in_chips(0b10)},
+        {"in chip 0", [] { return static_cast<uint8_t>(DEV_AMTRDRV_PMGR_SetAddrTblEntryByDevice(0, &own)); },
+         in_chips(0b11)},
+        {"not in chip 1", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByDevice(1, 1, mac); }, in_chips(0b01)},
+        {"nowhere", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByDevice(0, 1, mac); }, gone},
+        {"again", [] { return DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own); }, in_chips(0b11)},
         {"deleted", [] { return DEV_AMTRDRV_PMGR_DeleteAddr(1, mac); }, gone},
-        {"with an attribute", [] { return DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 2, 0); },
-         [](const ChipState &chips) {
-             return chips.macs.find(key) != nullptr && chips.macs.find(key)->treatment.discards_to;
-         }},
-        {"with another", [] { return DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 1, 1); },
-         [](const ChipState &chips) {
-             return chips.macs.find(key)->treatment == driver::MacTreatment{.discards_from = true};
-         }},
-        {"all", [] { return DEV_AMTRDRV_PMGR_DeleteAllAddr(); }, gone},
         {"ageing", [] { return DEV_AMTRDRV_PMGR_SetAgeingTime(10); },
          [](const ChipState &chips) { return chips.macs.ageing_time() == std::chrono::seconds(10); }},
         {"no ageing", [] { return DEV_AMTRDRV_PMGR_Disable(2); },
@@ -177,46 +170,100 @@ TEST_F(AmtrdrvTest, ChangesTheTable)
              return !chips.learning.find({2, 4})->learns;
          }},
     });
-    const struct {
-        const char *what;
-        uint8_t (*call)();
-        bool also_static;
-    } deletions[] = {
-        {"learned", [] { return DEV_AMTRDRV_PMGR_DeleteAllDynamicAddr(); }, false},
-        {"at a port", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByPort(2, 3, 0); }, true},
-        {"learned at a port", [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByPort(2, 3, 0); }, false},
-        {"of a VLAN", [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByVlan(9, 1); }, false},
-        {"of both", [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByPortAndVlan(2, 3, 0, 1); }, false},
-    };
-    for (const auto &row : deletions) {
-        set_static();
-        EXPECT_EQ(row.call(), 1) << row.what;
-        EXPECT_EQ(size(), row.also_static ? 0U : 1U) << row.what;
-        set_learned();
-        EXPECT_EQ(row.call(), 1) << row.what;
-        EXPECT_EQ(size(), 0U) << row.what;
-    }
-    set_static();
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own), 1);
+    expect_checked(DEV_AMTRDRV_PMGR_SetAddrTblEntryByDevice, {1, &own}, {2, &elsewhere});
+    expect_checked(DEV_AMTRDRV_PMGR_SetInterfaceConfig, {2, 3, 1}, {3, 29, 2});
+    expect_checked(DEV_AMTRDRV_PMGR_SetAgeingTime, {10}, {9});
+    expect_checked(DEV_AMTRDRV_PMGR_Disable, {2}, {3});
     expect_refused({
-        {"there", [] { return DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 2, 0); }},
-        {"no attribute", [] { return DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 8, 1); }},
-        {"no mode", [] { return DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 1, 2); }},
         {"not of the VLAN", [] { return DEV_AMTRDRV_PMGR_DeleteVlanMac(1, mac); }},
         {"static", [] { return DEV_AMTRDRV_PMGR_AddVlanMac(1, mac); }},
         {"no intervention", [] { return DEV_AMTRDRV_PMGR_DeleteInterventionEntry(1, mac); }},
-        {"no such mode", [] { return uint8_t(DEV_AMTRDRV_PMGR_SetInterventionEntry(2, mac, 2, 0)); }},
         {"no entry", [] { return DEV_AMTRDRV_PMGR_DeleteAddr(1, group); }},
-        {"no chip", [] { return uint8_t(DEV_AMTRDRV_PMGR_SetAddrTblEntryByDevice(2, &own)); }},
+        {"no entry in a chip", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByDevice(0, 2, mac); }},
         {"no such chip", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByDevice(2, 1, mac); }},
         {"no port", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByPort(2, 29, 0); }},
         {"no trunk", [] { return DEV_AMTRDRV_PMGR_DeleteAddrByPort(0, 0, 1); }},
         {"no VLAN", [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByVlan(1, 2); }},
         {"no such VLAN", [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByPortAndVlan(2, 3, 0, 2); }},
-        {"too short", [] { return DEV_AMTRDRV_PMGR_SetAgeingTime(9); }},
-        {"no part", [] { return DEV_AMTRDRV_PMGR_Disable(3); }},
-        {"no flag", [] { return DEV_AMTRDRV_PMGR_SetInterfaceConfig(2, 3, 2); }},
     });
     EXPECT_EQ(size(), 1U);
+}
+
+TEST_F(AmtrdrvTest, SetsAttributes)
+{
+    const AddrTblEntry own = entry(0xE0);
+    const auto treatment = [this] { return model.lock()->macs().find(key)->treatment; };
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 2, 0), 1);
+    EXPECT_EQ(treatment(), driver::MacTreatment{.discards_to = true});
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute(&own, 2, 0), 0) << "it is there";
+    expect_checked(DEV_AMTRDRV_PMGR_SetMacEntryWithAttribute, {&own, 1, 1}, {&own, 8, 2});
+    EXPECT_EQ(treatment(), driver::MacTreatment{.discards_from = true});
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_DeleteAllAddr(), 1);
+    expect_checked(DEV_AMTRDRV_PMGR_SetInterventionEntry, {1, mac, 0, 7}, {2, group, 2, 8});
+    EXPECT_EQ(treatment(), (driver::MacTreatment{.copies_to_cpu = true, .cpu_priority = 7}));
+}
+
+TEST_F(AmtrdrvTest, RemovesBySelection)
+{
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(2), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateTrunk(5), 1);
+    using namespace driver;
+    const auto station = [](uint32_t vlan, uint8_t number) { return MacKey{vlan, {0x02, 0, 0, 0, 0, number}}; };
+    const MacDestination port{LogicalPort{2, 3}};
+    const struct {
+        MacKey key;
+        MacKind kind;
+        MacDestination destination;
+    } entries[] = {
+        {station(1, 1), MacKind::set, port},
+        {station(1, 2), MacKind::learned, port},
+        {station(1, 3), MacKind::learned, TrunkId{5}},
+        {station(1, 4), MacKind::of_vlan, Cpu{}},
+        {station(2, 1), MacKind::set, port},
+        {station(2, 2), MacKind::learned, port},
+        {station(2, 3), MacKind::learned, LogicalPort{1, 28}},
+    };
+    const struct {
+        const char *what;
+        uint8_t (*call)();
+        std::vector<MacKey> left;  // and the multicast address, unless there is nothing
+    } rows[] = {
+        {"all", DEV_AMTRDRV_PMGR_DeleteAllAddr, {}},
+        {"learned", DEV_AMTRDRV_PMGR_DeleteAllDynamicAddr, {station(1, 1), station(1, 4), station(2, 1)}},
+        {"at a port",
+         [] { return DEV_AMTRDRV_PMGR_DeleteAddrByPort(2, 3, 0); },
+         {station(1, 3), station(1, 4), station(2, 3)}},
+        {"learned at a port",
+         [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByPort(2, 3, 0); },
+         {station(1, 1), station(1, 3), station(1, 4), station(2, 1), station(2, 3)}},
+        {"learned in a VLAN",
+         [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByVlan(9, 2); },
+         {station(1, 1), station(1, 2), station(1, 3), station(1, 4), station(2, 1)}},
+        {"at a trunk",
+         [] { return DEV_AMTRDRV_PMGR_DeleteAddrByPort(0, 0, 5); },
+         {station(1, 1), station(1, 2), station(1, 4), station(2, 1), station(2, 2), station(2, 3)}},
+        {"learned at a port in a VLAN",
+         [] { return DEV_AMTRDRV_PMGR_DeleteDynamicAddrByPortAndVlan(2, 3, 0, 2); },
+         {station(1, 1), station(1, 2), station(1, 3), station(1, 4), station(2, 1), station(2, 3)}},
+    };
+    for (const auto &row : rows) {
+        DEV_AMTRDRV_PMGR_CreateMulticastAddrTblEntry(1, group);
+        for (const auto &[of, kind, destination] : entries) {
+            const auto access = model.lock();
+            const MacEntry entry{.kind = kind, .destination = destination};
+            EXPECT_TRUE(access->macs().set(of, entry, access->chips.vlans, access->chips.trunks));
+        }
+        EXPECT_EQ(row.call(), 1) << row.what;
+        std::vector<MacKey> left;
+        for (const auto &[of, entry] : model.lock()->macs()) {
+            if (entry.kind != MacKind::multicast) {
+                left.push_back(of);
+            }
+        }
+        EXPECT_EQ(left, row.left) << row.what;
+        EXPECT_EQ(size(), row.left.empty() ? 0 : row.left.size() + 1) << row.what;
+    }
 }
 
 TEST_F(AmtrdrvTest, LooksAddressesUp)
@@ -235,58 +282,90 @@ TEST_F(AmtrdrvTest, LooksAddressesUp)
     uint32_t depth = 0;
     EXPECT_EQ(DEV_AMTRDRV_PMGR_GetHashLookupDepth(&depth), 1);
     EXPECT_EQ(depth, 16384U);
+}
 
-    const std::array<uint8_t, 32> all_ports{};
-    const std::array<uint8_t, 32> port_3{0b100};
-    std::array<uint8_t, 32> port_4{0b1000};
-    uint8_t hit = 9;
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, all_ports.data(), 1), 1);
-    EXPECT_EQ(hit, 0);
+TEST_F(AmtrdrvTest, TellsWhereAnAddressWasSeenOnce)
+{
+    using Ports = std::array<uint8_t, 32>;
+    const Ports all_ports{};
+    const Ports port_3{0b100};
+    const Ports port_4{0b1000};
+    const auto hit = [](uint8_t last_byte, uint32_t unit, const Ports &ports, uint8_t clear) {
+        const uint8_t address[6] = {0x02, 0xA0, 0xB0, 0xC0, 0xD0, last_byte};
+        uint8_t seen = 9;
+        EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, address, 1, unit, ports.data(), clear), 1);
+        return seen;
+    };
+    const AddrTblEntry own = entry(0xE0);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&own), 1);
+    EXPECT_EQ(hit(0xE0, 2, all_ports, 1), 0);
     EXPECT_TRUE(model.lock()->learn(key, {2, 3}));
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, port_4.data(), 1), 1);
-    EXPECT_EQ(hit, 0);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, all_ports.data(), 0), 1);
-    EXPECT_EQ(hit, 1);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, port_3.data(), 1), 1);
-    EXPECT_EQ(hit, 1);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, all_ports.data(), 1), 1);
-    EXPECT_EQ(hit, 0);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, all_ports.data(), 2), 0);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 3, all_ports.data(), 1), 0);
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 2, 2, all_ports.data(), 1), 0);
-    port_4[8] = 1;
-    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&hit, mac, 1, 2, port_4.data(), 1), 0);
+    EXPECT_EQ(hit(0xE0, 2, port_4, 1), 0);
+    EXPECT_EQ(hit(0xE0, 1, all_ports, 1), 0);
+    EXPECT_EQ(hit(0xE0, 2, all_ports, 0), 1);
+    EXPECT_EQ(hit(0xE0, 2, port_3, 1), 1);
+    EXPECT_EQ(hit(0xE0, 2, all_ports, 1), 0);
+    EXPECT_TRUE(model.lock()->learn(key, {2, 3}));
+    EXPECT_EQ(hit(0xE0, 2, port_3, 1), 1) << "seen again";
+
+    EXPECT_TRUE(model.lock()->chips.trunks.create(5));
+    EXPECT_TRUE(model.lock()->chips.trunks.set_members(5, 1, driver::port_bit(3)));
+    EXPECT_TRUE(model.lock()->learn({1, {0x02, 0xA0, 0xB0, 0xC0, 0xD0, 0xE1}}, {1, 3}));
+    EXPECT_EQ(hit(0xE1, 1, port_3, 0), 1) << "at a member of a trunk";
+    EXPECT_EQ(hit(0xE1, 1, port_4, 0), 0);
+
+    uint8_t seen = 9;
+    Ports port_65{};
+    port_65[8] = 1;
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 2, all_ports.data(), 2), 0);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 3, all_ports.data(), 1), 0);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 2, 2, all_ports.data(), 1), 0);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 2, port_65.data(), 1), 0);
 }
 
 TEST_F(AmtrdrvTest, HasMulticastEntries)
 {
-    const auto members = [] {
-        uint32_t unit = 9, count = 9;
-        uint8_t flag = 9;
-        return DEV_AMTRDRV_PMGR_ARLLookUp(1, group, &unit, &count, &flag) == 1 && flag == 4 ? int(count) : -1;
+    using Tagged = std::map<driver::LogicalPort, bool>;
+    const auto members = [this](const MacKey &of) {
+        const auto access = model.lock();
+        return std::get<driver::MulticastMembers>(access->macs().find(of)->destination).tagged;
     };
+    const MacKey group_key{1, std::to_array(group)};
     static constexpr uint8_t two_ports[8] = {0b110};
     static constexpr uint8_t one_port[8] = {0b100};
+    static constexpr uint8_t port_29[8] = {0, 0, 0, 0x10};
+    static constexpr uint8_t no_port[8] = {};
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_AddMulticastPortMember(1, group, 2, 3, 1), 0);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_CreateMulticastAddrTblEntry(1, group), 1);
-    EXPECT_EQ(members(), 0);
+    EXPECT_EQ(members(group_key), Tagged{});
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_AddMulticastPortMember(1, group, 1, 1, 1), 1);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_AddMulticastPortMember(1, group, 2, 3, 1), 1);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_SetMulticastPortList(1, group, two_ports, one_port), 1);
-    EXPECT_EQ(members(), 3);
     expect_refused({
         {"there", [] { return DEV_AMTRDRV_PMGR_CreateMulticastAddrTblEntry(1, group); }},
         {"a station", [] { return DEV_AMTRDRV_PMGR_CreateMulticastAddrTblEntry(1, mac); }},
+        {"no VLAN", [] { return DEV_AMTRDRV_PMGR_CreateMulticastAddrTblEntry(3, group); }},
         {"no entry", [] { return DEV_AMTRDRV_PMGR_AddMulticastPortMember(2, group, 2, 3, 1); }},
+        {"no port", [] { return DEV_AMTRDRV_PMGR_AddMulticastPortMember(1, group, 1, 29, 1); }},
         {"no flag", [] { return DEV_AMTRDRV_PMGR_AddMulticastPortMember(1, group, 2, 3, 2); }},
         {"no member", [] { return DEV_AMTRDRV_PMGR_SetMulticastPortList(1, group, one_port, two_ports); }},
+        {"no port of a list", [] { return DEV_AMTRDRV_PMGR_SetMulticastPortList(1, group, port_29, no_port); }},
         {"no such member", [] { return DEV_AMTRDRV_PMGR_DeleteMulticastPortMember(1, 2, 4, group); }},
         {"multicast", [] { return DEV_AMTRDRV_PMGR_DeleteAddr(1, group); }},
     });
+    EXPECT_EQ(members(group_key), (Tagged{{{1, 2}, false}, {{1, 3}, true}, {{2, 3}, true}}));
+    uint32_t unit = 9, count = 9;
+    uint8_t flag = 9;
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ARLLookUp(1, group, &unit, &count, &flag), 1);
+    EXPECT_EQ(std::tuple(count, flag), std::tuple(3U, 4));
     EXPECT_EQ(DEV_AMTRDRV_PMGR_DeleteMulticastPortMember(1, 2, 3, group), 1);
-    EXPECT_EQ(members(), 2);
+    EXPECT_EQ(members(group_key), (Tagged{{{1, 2}, false}, {{1, 3}, true}}));
     EXPECT_EQ(DEV_AMTRDRV_PMGR_DestroyMulticastAddrTblEntry(1, group), 1);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_DestroyMulticastAddrTblEntry(1, group), 0);
     DEV_AMTRDRV_PMGR_SetMCastEntryForInternalPacket();
+    DEV_AMTRDRV_PMGR_SetMCastEntryForInternalPacket();
     EXPECT_EQ(size(), 1U);
+    EXPECT_EQ(members({1, driver::MacTable::internal_multicast}).size(), 56U);
 }
 
 TEST_F(AmtrdrvTest, ShowsNullAddressesInTheLog)
