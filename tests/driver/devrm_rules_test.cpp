@@ -6,7 +6,6 @@
 #include <chrono>
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 #include "driver/swdrv_client.h"
 #include "host/driver/reception.h"
@@ -81,9 +80,22 @@ TEST_F(DevrmRulesTest, AnswersForARuleFromItsAllocationToItsEnd)
     for (int i = 0; i < 6; ++i) {
         receive();
     }
+    EXPECT_EQ(DEVRM_PMGR_AllocateRule(unit, list, 31, 1, 0), 1);
+    EXPECT_EQ(DEVRM_PMGR_SetRule(unit, list, 31, nullptr, &no_action), 1);
     receive(port, 7);
     receive({unit, 4});
+    receive({1, port.port});
     EXPECT_EQ(counts(30), (Counts{1, 2, 3})) << "60 bytes, then 120, at no rate";
+    EXPECT_EQ(counts(31), (Counts{1, 0, 0}));
+    receive();
+    EXPECT_EQ(counts(31), (Counts{2, 0, 0})) << "also behind another rule that matches";
+    RulePattern ipv6;
+    DEVRM_LIB_RulePatternInit(&ipv6);
+    DEVRM_LIB_RulePatternQualifyEtherType(&ipv6, 0x86DD, 0xFFFF);
+    EXPECT_EQ(DEVRM_PMGR_SetRule(unit, list, 30, &ipv6, &no_action), 1);
+    receive();
+    EXPECT_EQ(counts(30), (Counts{1, 2, 4})) << "as it was told anew";
+    EXPECT_EQ(DEVRM_PMGR_SetRule(unit, list, 30, &arp, &no_action), 1);
 
     EXPECT_EQ(DEVRM_PMGR_ClearCounter(unit, list, 30), 1);
     EXPECT_EQ(counts(30), (Counts{0, 0, 0}));
@@ -129,9 +141,6 @@ TEST_F(DevrmRulesTest, ReadsActions)
             EXPECT_EQ(receive(), row.treatment) << row.what;
         }
     }
-    EXPECT_EQ(DEVRM_PMGR_DestroyAction(unit, list, 30), 1);
-    EXPECT_EQ(DEVRM_PMGR_DestroyAction(unit, list, 30), 0);
-    EXPECT_EQ(DEVRM_PMGR_SetRule(unit, list, 30, nullptr, &no_action), 1);
 }
 
 TEST_F(DevrmRulesTest, FindsUserDefinedBytesWhereTheRuleWasToldThem)
@@ -159,6 +168,7 @@ TEST_F(DevrmRulesTest, FindsUserDefinedBytesWhereTheRuleWasToldThem)
 TEST_F(DevrmRulesTest, BindsListsToTrunks)
 {
     const uint8_t port_4[32] = {0x08};
+    const uint8_t ports_3_and_5[32] = {0x14};
     EXPECT_EQ(DEV_SWDRV_PMGR_CreateTrunk(5), 1);
     EXPECT_EQ(DEV_SWDRV_PMGR_SetTrunkPortMembers(unit, 5, port_4), 1);
     EXPECT_EQ(DEVRM_PMGR_AllocateRule(unit, list, 1, 0, 0), 1);
@@ -168,23 +178,25 @@ TEST_F(DevrmRulesTest, BindsListsToTrunks)
     EXPECT_EQ(DEVRM_PMGR_UpdateMeter(unit, list, 2, &meter), 1);
     EXPECT_EQ(DEVRM_PMGR_ShareMeter(unit, 1, 2), 1);
     EXPECT_EQ(DEVRM_PMGR_BindPclToTrunkPort(unit, list, 5), 1);
+    EXPECT_EQ(DEVRM_PMGR_BindPclToTrunkPort(unit, list, 5), 0) << "again";
+    receive({unit, 5});
+    EXPECT_EQ(counts(1), (Counts{0, 0, 0}));
     receive({unit, 4});
     EXPECT_EQ(counts(1), (Counts{1, 0, 0}));
+    EXPECT_EQ(DEV_SWDRV_PMGR_SetTrunkPortMembers(unit, 5, ports_3_and_5), 1);
+    receive({unit, 5});
+    EXPECT_EQ(counts(1), (Counts{2, 0, 0})) << "of a new member";
+    receive(port);
+    EXPECT_EQ(counts(1), (Counts{3, 0, 0})) << "once, however often the list is bound";
     EXPECT_EQ(DEVRM_PMGR_UnbindPclToTrunkPort(unit, list, 5), 1);
-    receive({unit, 4});
-    EXPECT_EQ(counts(1), (Counts{1, 0, 0}));
+    receive({unit, 5});
+    EXPECT_EQ(counts(1), (Counts{3, 0, 0}));
 
     // A trunk takes along what is bound to it.
     EXPECT_EQ(DEVRM_PMGR_BindPclToTrunkPort(unit, list, 5), 1);
     EXPECT_EQ(DEV_SWDRV_PMGR_DestroyTrunk(5), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateTrunk(5), 1);
     EXPECT_EQ(DEVRM_PMGR_UnbindPclToTrunkPort(unit, list, 5), 0);
-}
-
-TEST_F(DevrmRulesTest, ReceivesNothingWithoutALink)
-{
-    EXPECT_EQ(receive(), Treatment{});
-    EXPECT_EQ(DEV_SWDRV_PMGR_DisablePortAdmin(unit, port.port), 1);
-    EXPECT_EQ(receive(), std::nullopt);
 }
 
 TEST_F(DevrmRulesTest, StartsAgainWithFieldInit)
@@ -208,56 +220,43 @@ TEST_F(DevrmRulesTest, DescribesTheDevice)
     EXPECT_EQ(DEVRM_PMGR_GetNumberOfEXCLUDEVLAN(), 0U);
 }
 
+// In the wrong place is a unit, a list that does not have the rule, a rule.
 TEST_F(DevrmRulesTest, RefusesWhatDoesNotExist)
 {
-    EXPECT_EQ(DEVRM_PMGR_CreatePcl(unit, 8, 0, 0, 1), 1);
-    EXPECT_EQ(DEVRM_PMGR_AllocateRule(unit, list, 1, 0, 0), 1);
-    EXPECT_EQ(DEV_SWDRV_PMGR_CreateTrunk(5), 1);
-    static const auto meter = record_of<RuleMeter>({0, 0, 0, 0, 0, 0, 0, 0, 1});
-    static const auto empty_meter = record_of<RuleMeter>({8});
-    static uint32_t out;
-    RulePattern unknown_field;
-    DEVRM_LIB_RulePatternInit(&unknown_field);
+    const auto meter = record_of<RuleMeter>({0, 0, 0, 0, 0, 0, 0, 0, 1});
+    const auto empty_meter = record_of<RuleMeter>({8});
+    const auto unknown_action = record_of<RuleActionBlock>({128});
+    uint32_t word = 0;
+    RulePattern pattern;
+    DEVRM_LIB_RulePatternInit(&pattern);
+    RulePattern unknown_field = pattern;
     unknown_field.qualifyFlags = 0x10;
-
-    std::vector<Refusal> refusals = {
-        {"CreatePcl, unit 3", [] { return DEVRM_PMGR_CreatePcl(3, 9, 0, 0, 1); }},
-        {"CreatePcl, there already", [] { return DEVRM_PMGR_CreatePcl(unit, list, 0, 0, 1); }},
-        {"CreatePcl, what does not match", [] { return DEVRM_PMGR_CreatePcl(unit, 9, 2, 0, 1); }},
-        {"CreatePcl, no room", [] { return DEVRM_PMGR_CreatePcl(unit, 9, 0, 0, 1020); }},
-        {"AllocateRule, there already", [] { return DEVRM_PMGR_AllocateRule(unit, list, 1, 0, 0); }},
-        {"AllocateRule, in another list", [] { return DEVRM_PMGR_AllocateRule(unit, 8, 1, 0, 0); }},
-        {"AllocateRule, list", [] { return DEVRM_PMGR_AllocateRule(unit, 9, 2, 0, 0); }},
-        {"SetRule, unknown field", [&] { return DEVRM_PMGR_SetRule(unit, list, 1, &unknown_field, &no_action); }},
-        {"UpdateMeter, no burst", [] { return DEVRM_PMGR_UpdateMeter(unit, list, 1, &empty_meter); }},
-        {"ShareMeter, no meter", [] { return DEVRM_PMGR_ShareMeter(unit, 1, 1); }},
-        {"DestroyAction, no action", [] { return DEVRM_PMGR_DestroyAction(unit, list, 1); }},
-        {"BindPclToPort, port 0", [] { return DEVRM_PMGR_BindPclToPort(unit, list, 0); }},
-        {"BindPclToPort, port 29", [] { return DEVRM_PMGR_BindPclToPort(unit, list, 29); }},
-        {"BindPclToPort, bound", [] { return DEVRM_PMGR_BindPclToPort(unit, list, port.port); }},
-        {"BindPclToPort, list", [] { return DEVRM_PMGR_BindPclToPort(unit, 9, 1); }},
-        {"UnbindPclToPort, not bound", [] { return DEVRM_PMGR_UnbindPclToPort(unit, list, 1); }},
-        {"BindPclToTrunkPort, trunk", [] { return DEVRM_PMGR_BindPclToTrunkPort(unit, list, 6); }},
-        {"BindPclToTrunkPort, list", [] { return DEVRM_PMGR_BindPclToTrunkPort(unit, 9, 5); }},
-        {"BindPclToTrunkPort, unit", [] { return DEVRM_PMGR_BindPclToTrunkPort(0, list, 5); }},
-        {"UnbindPclToTrunkPort, not bound", [] { return DEVRM_PMGR_UnbindPclToTrunkPort(unit, list, 5); }},
-    };
-    // Names of which one part is wrong: unit, list (the rule is not in it, or there is none), rule.
-    const std::array<uint32_t, 3> names[] = {{0, list, 1}, {1, list, 1}, {3, list, 1},
-                                             {unit, 8, 1}, {unit, 9, 1}, {unit, list, 2}};
-    for (const auto &name : names) {
-        const uint32_t in = name[0];
-        const uint32_t pcl = name[1];
-        const uint32_t rule = name[2];
-        refusals.push_back({"SetRule", [=] { return DEVRM_PMGR_SetRule(in, pcl, rule, nullptr, &no_action); }});
-        refusals.push_back({"DestroyRule", [=] { return DEVRM_PMGR_DestroyRule(in, pcl, rule); }});
-        refusals.push_back({"DestroyAction", [=] { return DEVRM_PMGR_DestroyAction(in, pcl, rule); }});
-        refusals.push_back({"UpdateMeter", [=] { return DEVRM_PMGR_UpdateMeter(in, pcl, rule, &meter); }});
-        refusals.push_back({"GetCounter", [=] { return DEVRM_PMGR_GetCounter(in, pcl, rule, &out, &out, &out); }});
-        refusals.push_back({"ClearCounter", [=] { return DEVRM_PMGR_ClearCounter(in, pcl, rule); }});
+    EXPECT_EQ(DEV_SWDRV_PMGR_CreateTrunk(5), 1);
+    expect_checked(DEVRM_PMGR_CreatePcl, {unit, 8, 0, 0, 1}, {3, list, 2, 0, 1021});
+    for (const uint32_t no_unit : {0U, 1U, 3U}) {
+        for (const uint32_t no_list : {8U, 9U}) {
+            expect_checked(DEVRM_PMGR_AllocateRule, {unit, list, 1, 0, 0}, {3, 9, 1, 0, 0x00030000});
+            EXPECT_EQ(DEVRM_PMGR_AllocateRule(unit, list, 1, 0, 0), 0) << "it is there";
+            EXPECT_EQ(DEVRM_PMGR_AllocateRule(unit, 8, 1, 0, 0), 0) << "the number is taken, if in another list";
+            expect_checked(DEVRM_PMGR_SetRule, {unit, list, 1, &pattern, &no_action},
+                           {no_unit, no_list, 2, &unknown_field, &unknown_action});
+            expect_checked(DEVRM_PMGR_UpdateMeter, {unit, list, 1, &meter}, {no_unit, no_list, 2, &empty_meter});
+            expect_checked(DEVRM_PMGR_GetCounter, {unit, list, 1, &word, &word, &word},
+                           {no_unit, no_list, 2, &word, &word, &word});
+            expect_checked(DEVRM_PMGR_ClearCounter, {unit, list, 1}, {no_unit, no_list, 2});
+            EXPECT_EQ(DEVRM_PMGR_ShareMeter(unit, 1, 2), 0) << "no meter";
+            expect_checked(DEVRM_PMGR_DestroyAction, {unit, list, 1}, {no_unit, no_list, 2});
+            EXPECT_EQ(DEVRM_PMGR_DestroyAction(unit, list, 1), 0) << "no action";
+            expect_checked(DEVRM_PMGR_DestroyRule, {unit, list, 1}, {no_unit, no_list, 2});
+        }
     }
-    expect_refused(refusals);
-    EXPECT_EQ(counts(1), (Counts{0, 0, 0})) << "it is still there";
+
+    expect_checked(DEVRM_PMGR_BindPclToPort, {unit, list, 4}, {3, 9, 29});
+    EXPECT_EQ(DEVRM_PMGR_BindPclToPort(unit, list, 0), 0);
+    EXPECT_EQ(DEVRM_PMGR_BindPclToPort(unit, list, 4), 0) << "bound";
+    EXPECT_EQ(DEVRM_PMGR_UnbindPclToPort(unit, list, 1), 0) << "not bound";
+    expect_checked(DEVRM_PMGR_BindPclToTrunkPort, {unit, list, 5}, {0, 9, 6});
+    EXPECT_EQ(DEVRM_PMGR_UnbindPclToTrunkPort(unit, 8, 5), 0) << "not bound";
 }
 
 }  // namespace

@@ -15,7 +15,6 @@ namespace quillon::driver {
 namespace {
 
 constexpr LogicalPort port{2, 3};
-constexpr LogicalPort other_port{2, 4};
 constexpr uint32_t list = 7;
 constexpr PclName list_name{2, list};
 
@@ -50,12 +49,12 @@ struct RulesTest : testing::Test {
         EXPECT_TRUE(rules.set(name, pattern, action));
     }
 
-    Treatment receive(uint16_t type, const LogicalPort &at = port)
+    Treatment receive(uint16_t type)
     {
         std::array<std::byte, 60> packet{};
         packet[12] = std::byte(type >> 8);
         packet[13] = std::byte(type & 0xFF);
-        return rules.receive(chips.trunks, at, packet, {});
+        return rules.receive(chips.trunks, port, packet, {});
     }
 
     uint32_t count(const RuleName &name) { return rules.counter(name)->green; }
@@ -64,34 +63,6 @@ struct RulesTest : testing::Test {
     ChipState chips{stack};
     Rules &rules = chips.rules;
 };
-
-TEST_F(RulesTest, CountPacketsOnAllRulesThatMatch)
-{
-    add(rule(1), 5, ether_type(0x0800), permit);
-    add(rule(2), 5, ether_type(0x0806), permit);
-    add(rule(3), 5, every_packet, permit);
-    EXPECT_TRUE(rules.allocate(rule(4), 5, {}));
-
-    receive(0x0800);
-    receive(0x0800);
-    receive(0x86DD);
-    receive(0x0800, other_port);
-    receive(0x0800, {1, port.port});
-    EXPECT_EQ(count(rule(1)), 2U);
-    EXPECT_EQ(count(rule(2)), 0U);
-    EXPECT_EQ(count(rule(3)), 3U);
-    EXPECT_EQ(count(rule(4)), 0U) << "it is not set";
-
-    EXPECT_TRUE(rules.set(rule(1), ether_type(0x0806), permit));
-    receive(0x0806);
-    EXPECT_EQ(count(rule(1)), 3U);
-    *rules.counter(rule(1)) = {};
-    EXPECT_EQ(count(rule(1)), 0U);
-    EXPECT_EQ(count(rule(3)), 4U);
-    EXPECT_TRUE(rules.bind_port(list_name, port.port, false));
-    receive(0x0806);
-    EXPECT_EQ(count(rule(1)), 0U);
-}
 
 TEST_F(RulesTest, DecideInTheOrderOfTheirPriorities)
 {
@@ -131,35 +102,6 @@ TEST_F(RulesTest, OfSeveralListsAddUp)
     add({2, 91, 3}, 0, ether_type(0x0800), permit);
     EXPECT_EQ(receive(0x0800), together);
     EXPECT_EQ(receive(0x0806), denied);
-}
-
-TEST_F(RulesTest, FollowTheMembersOfATrunk)
-{
-    constexpr uint32_t trunk = 4;
-    add(rule(1), 0, every_packet, permit);
-    EXPECT_FALSE(rules.bind_trunk(chips.trunks, list_name, trunk)) << "there is no such trunk";
-    EXPECT_TRUE(chips.trunks.create(trunk));
-    EXPECT_TRUE(rules.bind_trunk(chips.trunks, list_name, trunk));
-    EXPECT_FALSE(rules.bind_trunk(chips.trunks, list_name, trunk));
-    receive(0x0800, other_port);
-    EXPECT_EQ(count(rule(1)), 0U);
-
-    EXPECT_TRUE(chips.trunks.set_members(trunk, 2, port_bit(port.port) | port_bit(other_port.port)));
-    receive(0x0800, other_port);
-    EXPECT_EQ(count(rule(1)), 1U);
-    receive(0x0800, port);
-    EXPECT_EQ(count(rule(1)), 2U) << "once, however often the list is bound";
-
-    EXPECT_TRUE(chips.destroy_trunk(trunk));
-    EXPECT_TRUE(chips.trunks.create(trunk));
-    EXPECT_TRUE(chips.trunks.set_members(trunk, 2, port_bit(other_port.port)));
-    receive(0x0800, other_port);
-    EXPECT_EQ(count(rule(1)), 2U) << "the new trunk is another one";
-    EXPECT_TRUE(rules.bind_trunk(chips.trunks, list_name, trunk));
-    EXPECT_TRUE(rules.unbind_trunk(list_name, trunk));
-    EXPECT_FALSE(rules.unbind_trunk(list_name, trunk));
-    receive(0x0800, other_port);
-    EXPECT_EQ(count(rule(1)), 2U);
 }
 
 TEST_F(RulesTest, ShareMeters)
