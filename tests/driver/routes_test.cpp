@@ -123,38 +123,6 @@ TEST_F(RoutesTest, SpreadFlowsOverAllPaths)
     EXPECT_EQ(packets, (std::vector<uint32_t>{0, 10, 10, 10, 10, 10, 10, 10, 10}));
 }
 
-TEST_F(RoutesTest, AddAndRemovePathsOneByOne)
-{
-    set_neighbours(9);
-    const IpPrefix network = prefix("172.16.0.0", 16);
-    EXPECT_EQ(routes.add_path(network, 1, false), absent);
-    EXPECT_EQ(routes.add_path(network, 1, true), done);
-    EXPECT_EQ(routes.add_path(network, 1, true), exists);
-    for (uint64_t next_hop = 2; next_hop <= 8; ++next_hop) {
-        EXPECT_EQ(routes.add_path(network, next_hop, false), done);
-        EXPECT_EQ(paths_of(network), next_hop);
-    }
-    EXPECT_EQ(routes.add_path(network, 9, false), full);
-    EXPECT_EQ(routes.add_path(network, 8, false), exists);
-    EXPECT_EQ(routes.add_path(network, 10, false), unresolved);
-    EXPECT_EQ(routes.add_path(network, 0, false), invalid) << "the CPU only alone";
-    EXPECT_EQ(routes.remove_path(network, 9, true), absent);
-    EXPECT_EQ(routes.remove_path(network, 0x1'0000'0001, true), absent);
-    EXPECT_EQ(paths_of(network), 8U);
-    for (uint64_t next_hop = 1; next_hop <= 7; ++next_hop) {
-        EXPECT_EQ(routes.remove_path(network, next_hop, false), done);
-        EXPECT_EQ(routes.remove_path(network, next_hop, false), absent);
-    }
-    EXPECT_EQ(routes.route(network.network)->next_hop, 8U);
-    EXPECT_EQ(routes.remove_path(network, 8, false), in_use);
-    EXPECT_EQ(routes.remove_path(network, 8, true), done);
-    EXPECT_EQ(routes.remove_path(network, 8, true), absent);
-    EXPECT_EQ(routes.networks().size(), 0U);
-
-    EXPECT_EQ(routes.add_path(network, 0, true), done);
-    EXPECT_EQ(routes.add_path(network, 1, false), invalid) << "the CPU only alone";
-}
-
 TEST_F(RoutesTest, RefuseWhatIsNoRoute)
 {
     set_neighbours(2);

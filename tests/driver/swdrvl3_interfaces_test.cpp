@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 #include <stdint.h>
 
+#include <array>
+
 #include "driver/swdrvl3_client.h"
 #include "support/route_entries.h"
 
 namespace quillon::test {
 namespace {
+
+using driver::UnitRouting;
 
 constexpr uint8_t mac[6] = {2, 0, 0, 0, 0, 1};
 constexpr uint8_t other_mac[6] = {2, 0, 0, 0, 0, 2};
@@ -93,6 +97,35 @@ TEST_F(Swdrvl3InterfacesTest, GoWithTheirVlan)
     EXPECT_EQ(DEV_SWDRV_PMGR_CreateVlan(7), 1);
     EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteL3Interface(id, 7, mac, 0), 0);
     EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteL3Mac(7, mac), 0);
+}
+
+TEST_F(Swdrvl3InterfacesTest, AreRoutedBetweenByUnit)
+{
+    const struct {
+        uint8_t (*enable)(uint32_t, uint32_t);
+        uint8_t (*disable)(uint32_t, uint32_t);
+        UnitRouting enabled;
+    } rows[] = {
+        {DEV_SWDRVL3_PMGR_EnableRouting, DEV_SWDRVL3_PMGR_DisableRouting, {true, true, false}},
+        {DEV_SWDRVL3_PMGR_EnableIPv4Routing, DEV_SWDRVL3_PMGR_DisableIPv4Routing, {true, false, false}},
+        {DEV_SWDRVL3_PMGR_EnableIPv6Routing, DEV_SWDRVL3_PMGR_DisableIPv6Routing, {false, true, false}},
+        {DEV_SWDRVL3_PMGR_EnableUnicastStormProtect, DEV_SWDRVL3_PMGR_DisableUnicastStormProtect, {false, false, true}},
+    };
+    const auto units = [this] {
+        const auto access = model.lock();
+        return std::array{access->chips.routing.of_unit(1), access->chips.routing.of_unit(2)};
+    };
+    const UnitRouting off;
+    for (const auto &row : rows) {
+        EXPECT_EQ(units(), (std::array{off, off}));
+        expect_checked(row.enable, {1, 0}, {3, 1});
+        EXPECT_EQ(units(), (std::array{row.enabled, off}));
+        EXPECT_EQ(row.enable(0, 0), 1) << "all units";
+        EXPECT_EQ(units(), (std::array{row.enabled, row.enabled}));
+        EXPECT_EQ(row.disable(1, 0), 1);
+        EXPECT_EQ(units(), (std::array{off, row.enabled}));
+        EXPECT_EQ(row.disable(0, 0), 1);
+    }
 }
 
 }  // namespace

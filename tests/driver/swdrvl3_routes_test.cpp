@@ -89,28 +89,52 @@ TEST_F(Swdrvl3RoutesTest, FillInWhatTheHardwareHasOfANetwork)
 TEST_F(Swdrvl3RoutesTest, HaveSeveralPaths)
 {
     std::vector<uint64_t> next_hops;
-    for (int host = 1; host <= 8; ++host) {
+    for (int host = 1; host <= 9; ++host) {
         next_hops.push_back(new_neighbour("10.0.0." + std::to_string(host), interface));
     }
     NetRouteEntry entry = net_entry("2001:db8::", 32);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteMultiPath(&entry, next_hops.data(), 0), invalid);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteMultiPath(&entry, next_hops.data(), 8), done);
+    const auto add_all = [&](uint32_t count) {
+        return DEV_SWDRVL3_PMGR_AddInetECMPRouteMultiPath(&entry, next_hops.data(), count);
+    };
+    const auto add = [&](uint64_t next_hop, uint8_t first = 0) {
+        return DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hop, first);
+    };
+    const auto remove = [&](uint64_t next_hop, uint8_t last = 0) {
+        return DEV_SWDRVL3_PMGR_DeleteInetECMPRouteOnePath(&entry, next_hop, last);
+    };
+    EXPECT_EQ(add_all(0), invalid);
+    EXPECT_EQ(add_all(8), done);
     EXPECT_EQ(NetInformation(entry).path_count, 8U);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteMultiPath(&entry, next_hops.data(), 3), exists);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetNetRoute(&entry, next_hops[0]), 0) << "it has others";
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetECMPRouteOnePath(&entry, next_hops[7], 0), 1);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hops[0], 0), exists);
-    EXPECT_EQ(NetInformation(entry).path_count, 7U);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hops[7], 2), invalid) << "no flag";
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hops[7], 0), done);
-    EXPECT_EQ(NetInformation(entry).path_count, 8U);
+    EXPECT_EQ(add_all(3), exists);
+    EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetNetRoute(&entry, 1), 0) << "it has others";
     EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetECMPRoute(&entry), 1);
     EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetECMPRoute(&entry), 0);
 
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hops[0], 0), absent);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_AddInetECMPRouteOnePath(&entry, next_hops[0], 1), done);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetECMPRouteOnePath(&entry, next_hops[0], 0), 0);
-    EXPECT_EQ(DEV_SWDRVL3_PMGR_DeleteInetECMPRouteOnePath(&entry, next_hops[0], 1), 1);
+    EXPECT_EQ(add(1), absent);
+    EXPECT_EQ(add(1, 1), done);
+    EXPECT_EQ(add(1, 1), exists);
+    for (uint64_t next_hop = 2; next_hop <= 8; ++next_hop) {
+        EXPECT_EQ(add(next_hop), done);
+        EXPECT_EQ(NetInformation(entry).path_count, next_hop);
+    }
+    EXPECT_EQ(add(9), full);
+    EXPECT_EQ(add(8), exists);
+    EXPECT_EQ(add(10), unresolved);
+    EXPECT_EQ(add(0), invalid) << "the CPU only alone";
+    EXPECT_EQ(add(9, 2), invalid) << "no flag";
+    EXPECT_EQ(remove(9, 1), 0);
+    EXPECT_EQ(remove(0x1'0000'0001, 1), 0);
+    EXPECT_EQ(remove(8, 2), 0) << "no flag";
+    for (uint64_t next_hop = 1; next_hop <= 7; ++next_hop) {
+        EXPECT_EQ(remove(next_hop), 1);
+        EXPECT_EQ(remove(next_hop), 0);
+    }
+    EXPECT_EQ(next_hop_of("2001:db8::1"), 8U);
+    EXPECT_EQ(remove(8), 0) << "the last one";
+    EXPECT_EQ(remove(8, 1), 1);
+    EXPECT_EQ(next_hop_of("2001:db8::1"), UINT32_MAX);
+    EXPECT_EQ(add(0, 1), done);
+    EXPECT_EQ(add(1), invalid) << "the CPU only alone";
 }
 
 TEST_F(Swdrvl3RoutesTest, HaveADefaultBehindAllOthers)

@@ -41,7 +41,6 @@ quillon_test(driver_tests
   driver/swdrvl3_interfaces_test.cpp
   driver/swdrvl3_multicast_test.cpp
   driver/swdrvl3_routes_test.cpp
-  driver/swdrvl3_routing_test.cpp
   driver/swdrvl4_test.cpp
   driver/switch_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
