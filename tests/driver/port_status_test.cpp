@@ -32,120 +32,75 @@ struct Port {
     bool held_down = false;
 };
 
-struct StatusRow {
-    const char *what;
-    PortType type;
-    std::function<void(Port &)> change;
-    PortStatus status;
-    NegotiationState negotiation;
-    bool partner_seen;
-};
+void expect_status(const char *what, PortType type, const std::function<void(Port &)> &change, const PortStatus &status,
+                   NegotiationState negotiation, bool partner_seen)
+{
+    SCOPED_TRACE(what);
+    Port port(type);
+    change(port);
+    EXPECT_EQ(port.running().status(), status);
+    EXPECT_EQ(port.running().negotiation().state, negotiation);
+    EXPECT_EQ(port.running().negotiation().partner.has_value(), partner_seen);
+}
 
 TEST(PortStatus, FollowsFromSettingsLineAndOverride)
 {
     using enum SpeedDuplex;
     using enum NegotiationState;
-    const StatusRow rows[] = {
-        {"copper as it starts", PortType::copper, [](Port &) {}, {true, gigabit_full, {}}, complete, true},
-        {"1000BASE-X as it starts", PortType::sfp, [](Port &) {}, {true, gigabit_full, {}}, complete, true},
-        {"10GBASE-R as it starts", PortType::sfp_plus, [](Port &) {}, {true, ten_gigabit_full, {}}, disabled, false},
-        {"shut",
-         PortType::copper,
-         [](Port &port) { port.settings.set_admin_up(false); },
-         {false, {}, {}},
-         configuring,
-         false},
-        {"held down", PortType::copper, [](Port &port) { port.held_down = true; }, {true, {}, {}}, configuring, false},
-        {"unplugged",
-         PortType::copper,
-         [](Port &port) { port.line.plugged = false; },
-         {true, {}, {}},
-         configuring,
-         false},
-        {"unplugged optics",
-         PortType::sfp_plus,
-         [](Port &port) { port.line.plugged = false; },
-         {true, {}, {}},
-         disabled,
-         false},
-        {"the best of what is common",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_advertised({.modes = {LinkMode::base10_t_full, LinkMode::base100_tx_half}});
-         },
-         {true, hundred_half, {}},
-         complete,
-         true},
-        {"the partner is the slower one",
-         PortType::copper,
-         [](Port &port) {
-             port.line.partner.advertised.modes = {LinkMode::base10_t_half, LinkMode::base10_t_full};
-         },
-         {true, ten_full, {}},
-         complete,
-         true},
-        {"nothing in common",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_advertised({.modes = {LinkMode::base1000_t_full}});
-             port.line.partner.advertised.modes = {LinkMode::base100_tx_full};
-         },
-         {true, {}, {}},
-         configuring,
-         true},
-        {"configured, not negotiated",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_speed_duplex(hundred_full);
-             port.settings.set_negotiates(false);
-             port.settings.set_flow_control(transmit);
-         },
-         {true, hundred_full, transmit},
-         disabled,
-         false},
-        {"configured, but negotiated",
-         PortType::copper,
-         [](Port &port) { port.settings.set_speed_duplex(ten_half); },
-         {true, gigabit_full, {}},
-         complete,
-         true},
-        {"configured, and the partner cannot",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_negotiates(false);
-             port.line.partner.advertised.modes = {LinkMode::base100_tx_full};
-         },
-         {true, {}, {}},
-         disabled,
-         false},
-        {"no pauses at half duplex",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_speed_duplex(ten_half);
-             port.settings.set_negotiates(false);
-             port.settings.set_flow_control(both);
-         },
-         {true, ten_half, {}},
-         disabled,
-         false},
-        {"no pauses on a link that is down",
-         PortType::copper,
-         [](Port &port) {
-             port.settings.set_flow_control(both);
-             port.settings.set_admin_up(false);
-         },
-         {false, {}, {}},
-         configuring,
-         false},
+    using enum PortType;
+    const auto as_it_starts = [](Port &) {};
+    const auto shut = [](Port &port) { port.settings.set_admin_up(false); };
+    const auto held_down = [](Port &port) { port.held_down = true; };
+    const auto unplugged = [](Port &port) { port.line.plugged = false; };
+    const auto advertise = [](LinkModes own, LinkModes partners) {
+        return [=](Port &port) {
+            port.settings.set_advertised({.modes = own});
+            port.line.partner.advertised.modes = partners;
+        };
     };
-    for (const StatusRow &row : rows) {
-        SCOPED_TRACE(row.what);
-        Port port(row.type);
-        row.change(port);
-        EXPECT_EQ(port.running().status(), row.status);
-        EXPECT_EQ(port.running().negotiation().state, row.negotiation);
-        EXPECT_EQ(port.running().negotiation().partner.has_value(), row.partner_seen);
-    }
+    const auto force = [](SpeedDuplex speed, FlowControl flow_control) {
+        return [=](Port &port) {
+            port.settings.set_speed_duplex(speed);
+            port.settings.set_negotiates(false);
+            port.settings.set_flow_control(flow_control);
+        };
+    };
+    const auto all = modes_of(copper);
+    expect_status("copper", copper, as_it_starts, {true, gigabit_full, {}}, complete, true);
+    expect_status("1000BASE-X", sfp, as_it_starts, {true, gigabit_full, {}}, complete, true);
+    expect_status("10GBASE-R", sfp_plus, as_it_starts, {true, ten_gigabit_full, {}}, disabled, false);
+    expect_status("shut", copper, shut, {false, {}, {}}, configuring, false);
+    expect_status("held down", copper, held_down, {true, {}, {}}, configuring, false);
+    expect_status("unplugged", copper, unplugged, {true, {}, {}}, configuring, false);
+    expect_status("unplugged optics", sfp_plus, unplugged, {true, {}, {}}, disabled, false);
+    expect_status("the best of what is common", copper,
+                  advertise({LinkMode::base10_t_full, LinkMode::base100_tx_half}, all), {true, hundred_half, {}},
+                  complete, true);
+    expect_status("the partner is the slower one", copper,
+                  advertise(all, {LinkMode::base10_t_half, LinkMode::base10_t_full}), {true, ten_full, {}}, complete,
+                  true);
+    expect_status("nothing in common", copper, advertise({LinkMode::base1000_t_full}, {LinkMode::base100_tx_full}),
+                  {true, {}, {}}, configuring, true);
+    expect_status("not negotiated", copper, force(hundred_full, transmit), {true, hundred_full, transmit}, disabled,
+                  false);
+    expect_status("no pauses at half duplex", copper, force(ten_half, both), {true, ten_half, {}}, disabled, false);
+    expect_status(
+        "configured, but negotiated", copper, [](Port &port) { port.settings.set_speed_duplex(ten_half); },
+        {true, gigabit_full, {}}, complete, true);
+    expect_status(
+        "configured, and the partner cannot", copper,
+        [](Port &port) {
+            port.settings.set_negotiates(false);
+            port.line.partner.advertised.modes = {LinkMode::base100_tx_full};
+        },
+        {true, {}, {}}, disabled, false);
+    expect_status(
+        "no pauses on a link that is down", copper,
+        [](Port &port) {
+            port.settings.set_flow_control(both);
+            port.settings.set_admin_up(false);
+        },
+        {false, {}, {}}, configuring, false);
 }
 
 // The resolution of pauses of 802.3, Annex 28B, and what the configuration leaves of it.
@@ -180,47 +135,6 @@ TEST(PortStatus, NegotiatesFlowControl)
         port.line.partner.advertised.pause = row.partners_pause;
         port.line.partner.advertised.asymmetric_pause = row.partners_asymmetric;
         EXPECT_EQ(port.running().status().flow_control, row.running);
-    }
-}
-
-TEST(PortStatus, TellsJabberWhileTheTransceiverIsOn)
-{
-    Port port(PortType::copper);
-    EXPECT_EQ(port.running().jabber(), JabberState::none);
-    port.line.jabbers = true;
-    EXPECT_EQ(port.running().jabber(), JabberState::jabbering);
-    port.settings.set_admin_up(false);
-    EXPECT_EQ(port.running().jabber(), JabberState::unknown);
-}
-
-TEST(PortSettings, RefuseWhatTheTypeOfPortCannotDo)
-{
-    const Advertisement gigabit_optics = {.modes = {LinkMode::base1000_x_full}};
-    const Advertisement mixed = {.modes = {LinkMode::base1000_x_full, LinkMode::base1000_t_full}};
-    const struct {
-        PortType type;
-        bool ten_half, gigabit, ten_gigabit, negotiates, gigabit_optics, led;
-    } rows[] = {
-        {PortType::copper, true, true, false, true, false, false},
-        {PortType::sfp, false, true, false, true, true, true},
-        {PortType::sfp_plus, false, false, true, false, false, true},
-    };
-    for (const auto &row : rows) {
-        SCOPED_TRACE(static_cast<int>(row.type));
-        PortSettings settings(row.type);
-        EXPECT_EQ(settings.set_speed_duplex(SpeedDuplex::ten_half), row.ten_half);
-        EXPECT_EQ(settings.set_speed_duplex(SpeedDuplex::gigabit_full), row.gigabit);
-        EXPECT_EQ(settings.set_speed_duplex(SpeedDuplex::ten_gigabit_full), row.ten_gigabit);
-        EXPECT_EQ(settings.set_negotiates(true), row.negotiates);
-        EXPECT_EQ(settings.set_advertised(gigabit_optics), row.gigabit_optics);
-        EXPECT_FALSE(settings.set_advertised(mixed));
-        EXPECT_EQ(settings.set_optics_led(OpticsLed::blinking), row.led);
-        EXPECT_TRUE(settings.set_negotiates(false));
-
-        // What was refused has changed nothing.
-        EXPECT_EQ(settings.speed_duplex(), row.gigabit ? SpeedDuplex::gigabit_full : SpeedDuplex::ten_gigabit_full);
-        EXPECT_EQ(settings.advertised().modes, modes_of(row.type));
-        EXPECT_EQ(settings.optics_led(), row.led ? OpticsLed::blinking : OpticsLed::off);
     }
 }
 
