@@ -87,5 +87,27 @@ TEST_F(MappingTest, KeepsWhatIsForced)
     EXPECT_EQ(overrides(1, 3), PortOverrides{});
 }
 
+// What is outside the chips stays as it is.
+TEST_F(MappingTest, ResetsTheChips)
+{
+    constexpr driver::LogicalPort port{2, 3};
+    {
+        const auto access = models.chips.lock();
+        driver::ChipState &chips = access->chips;
+        chips.ports.find(port)->set_admin_up(false);
+        EXPECT_TRUE(chips.vlans.create(7));
+        EXPECT_TRUE(chips.macs.set({.vlan = 1}, {.destination = port}, chips.vlans, chips.trunks));
+        chips.link_scan.registered = true;
+        access->lines.find(port)->plugged = false;
+    }
+    EXPECT_EQ(ask("0500 +16 02000000 +24 01", 24), text_of(closed_bytes_of("01000000 00*4")));
+    const auto access = models.chips.lock();
+    EXPECT_TRUE(access->chips.ports.find(port)->admin_up());
+    EXPECT_FALSE(access->chips.vlans.has(7));
+    EXPECT_EQ(access->chips.macs.size(), 0U);
+    EXPECT_FALSE(access->chips.link_scan.registered);
+    EXPECT_FALSE(access->lines.find(port)->plugged);
+}
+
 }  // namespace
 }  // namespace quillon::test

@@ -41,7 +41,6 @@ quillon_test(driver_tests
   driver/swdrvl3_interfaces_test.cpp
   driver/swdrvl3_multicast_test.cpp
   driver/swdrvl3_routes_test.cpp
-  driver/swdrvl4_test.cpp
-  driver/switch_test.cpp)
+  driver/swdrvl4_test.cpp)
 target_compile_definitions(driver_tests PRIVATE QUILLON_VERSION="${PROJECT_VERSION}")
 target_link_libraries(driver_tests PRIVATE e2e_support quillon_driver_parts quillon quillon_platform GTest::gmock)
