@@ -133,10 +133,11 @@ TEST_F(OamEventsTest, AreNoLongerForAClientThatDied)
 {
     Waiters dies(20);
     Waiters stays(2);
-    const size_t with_both = sockets_of(driver.pid());
     EXPECT_EQ(raise("loss-of-continuity"), 22);
+    dies.wait_for(1);
     stays.wait_for(1);
 
+    const size_t with_both = sockets_of(driver.pid());
     EXPECT_EQ(dies.kill_and_wait(), 128 + SIGKILL);
     wait_until("the dead client's waits are gone", [&] { return sockets_of(driver.pid()) <= with_both - 20; });
     EXPECT_EQ(raise("loss-of-continuity"), 2);
