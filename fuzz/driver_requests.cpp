@@ -124,7 +124,7 @@ class Driver {
         path.reception.lock()->packets.fill(loans_);
         path.answer_receivers();
         now_ += std::chrono::milliseconds(1);
-        for (const auto &packet : path.generators.lock()->due(now_)) {
+        while (const auto packet = path.generators.lock()->take_due(now_)) {
             path.send(*packet);
         }
     }

@@ -78,7 +78,8 @@ bool ReceiveTask::take_semaphore()
 
 std::optional<Alarm::Clock::time_point> send_generated(PacketPath &path)
 {
-    for (const auto &packet : path.generators.lock()->due(Alarm::Clock::now())) {
+    const auto now = Alarm::Clock::now();
+    while (const auto packet = path.generators.lock()->take_due(now)) {
         path.send(*packet);
     }
     return path.generators.lock()->next_due();

@@ -84,27 +84,28 @@ std::optional<uint64_t> PacketGenerators::set_rate(uint32_t generator, uint64_t 
     return found->rate;
 }
 
-std::vector<PacketGenerators::Packet> PacketGenerators::due(Time now)
+PacketGenerators::Packet PacketGenerators::take_due(Time now)
 {
     constexpr auto most_missed = std::chrono::milliseconds(100);
-    std::vector<Packet> packets;
     for (Generator &generator : generators_) {
-        if (!generator.running) {
-            continue;
-        }
-        generator.next = std::max(generator.next, now - most_missed);
-        for (; generator.running && generator.next <= now; generator.next += period(generator.rate)) {
-            auto entry = generator.entries.upper_bound(generator.last_entry);
-            if (entry == generator.entries.end()) {
-                entry = generator.entries.begin();
-            }
-            generator.last_entry = entry->first;
-            packets.push_back(entry->second);
-            ++generator.sent;
-            generator.running = !generator.left || --*generator.left > 0;
+        if (generator.running && generator.next <= now) {
+            generator.next = std::max(generator.next, now - most_missed) + period(generator.rate);
+            return take_next(generator);
         }
     }
-    return packets;
+    return nullptr;
+}
+
+PacketGenerators::Packet PacketGenerators::take_next(Generator &generator)
+{
+    auto entry = generator.entries.upper_bound(generator.last_entry);
+    if (entry == generator.entries.end()) {
+        entry = generator.entries.begin();
+    }
+    generator.last_entry = entry->first;
+    ++generator.sent;
+    generator.running = !generator.left || --*generator.left > 0;
+    return entry->second;
 }
 
 std::optional<Time> PacketGenerators::next_due() const

@@ -7,7 +7,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "host/driver/model/clock.h"
 #include "host/driver/model/packet.h"
@@ -37,8 +36,9 @@ class PacketGenerators {
     // Packets a second. Takes at least 1, and returns the rate that it then has. Initially 1.
     std::optional<uint64_t> set_rate(uint32_t generator, uint64_t wanted, Time now);
 
-    // What is to be sent by now, in order. Of what was missed by more than a tenth of a second nothing is made up for.
-    std::vector<Packet> due(Time now);
+    // The next packet that is to be sent by now, null when there is none. Of what was missed by more than a tenth of a
+    // second nothing is made up for.
+    Packet take_due(Time now);
     // When there will be more of it. Nothing when none runs.
     std::optional<Time> next_due() const;
 
@@ -54,6 +54,7 @@ class PacketGenerators {
     const Generator &generator(uint32_t number) const { return generators_.at(number); }
 
   private:
+    static Packet take_next(Generator &generator);
     Generator *find(uint32_t generator) { return generator < count ? &generators_.at(generator) : nullptr; }
 
     std::array<Generator, count> generators_;
