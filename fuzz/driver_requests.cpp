@@ -127,6 +127,7 @@ class Driver {
         while (const auto packet = path.generators.lock()->take_due(now_)) {
             path.send(*packet);
         }
+        path.expire_receivers(now_);
     }
 
     // The record or, behind it, the transmit area.

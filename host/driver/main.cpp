@@ -84,6 +84,8 @@ void serve(const Options &options)
         server.create_queue(key, [&dispatcher](host::Request &request) { return dispatcher.answer(request); });
     }
     const ReceiveTask receive_task(run, models.packets);
+    Alarm receiver_alarm([&models] { return models.packets.expire_receivers(Alarm::Clock::now()); });
+    models.packets.receiver_waits = [&receiver_alarm](Alarm::Clock::time_point time) { receiver_alarm.set(time); };
     Alarm generator_alarm([&models] { return send_generated(models.packets); });
     models.packets.generators_changed = [&generator_alarm] { generator_alarm.set(Alarm::Clock::now()); };
     const PidFile pid_file(folder.descriptor());

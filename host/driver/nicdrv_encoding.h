@@ -17,7 +17,7 @@ namespace quillon::driver {
 
 struct ReceiveRequest {
     uint32_t most;
-    ipc::Unused<4> unused;
+    uint32_t wait_time;  // in milliseconds, QUILLON_WAIT_FOREVER for ever
 };
 
 struct ReceivedPackets {

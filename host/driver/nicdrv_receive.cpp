@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <optional>
 
 #include "host/driver/handlers.h"
@@ -24,6 +25,14 @@ void forget_receiver(PacketPath &path, uint64_t id)
     }
 }
 
+std::optional<Time> deadline_of(const ReceiveRequest &request)
+{
+    if (request.wait_time == QUILLON_WAIT_FOREVER) {
+        return std::nullopt;
+    }
+    return std::chrono::steady_clock::now() + std::chrono::milliseconds(request.wait_time);
+}
+
 void add_receiving(Dispatcher &dispatcher, PacketPath &path)
 {
     // Packets that are there already are offered as those are that come later: not to a caller that has died meanwhile.
@@ -33,13 +42,17 @@ void add_receiving(Dispatcher &dispatcher, PacketPath &path)
             return uint8_t{0};
         }
         const size_t most = std::min<size_t>(request.most, QUILLON_RECEIVE_MOST);
+        const auto deadline = deadline_of(request);
         {
             const auto access = path.reception.lock();
             const uint64_t id = access->next_id++;
-            access->receivers.push_back({id, most, call.park([&path, id] { forget_receiver(path, id); })});
+            access->receivers.push_back({id, most, deadline, call.park([&path, id] { forget_receiver(path, id); })});
         }
         if (path.answer_receivers()) {
             path.wake_receive_task();
+            if (deadline) {
+                path.receiver_waits(*deadline);
+            }
         }
         return std::nullopt;
     });

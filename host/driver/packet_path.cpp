@@ -80,10 +80,37 @@ bool PacketPath::answer_receivers()
             receiver = std::move(access->receivers.front());
             access->receivers.pop_front();
         }
-        if (!receiver->call.answer(uint8_t{1}, encoded(packets))) {
+        if (receiver->call.answer(uint8_t{1}, encoded(packets))) {
+            reception.lock()->packets.count_taken(packets.size());
+        } else {
             reception.lock()->packets.offer_again(packets);
         }
     }
+}
+
+std::optional<Time> PacketPath::expire_receivers(Time now)
+{
+    std::vector<WaitingReceiver> expired;
+    std::optional<Time> next;
+    {
+        const auto access = reception.lock();
+        std::deque<WaitingReceiver> left;
+        for (WaitingReceiver &receiver : access->receivers) {
+            if (receiver.deadline && *receiver.deadline <= now) {
+                expired.push_back(std::move(receiver));
+                continue;
+            }
+            if (receiver.deadline && (!next || *receiver.deadline < *next)) {
+                next = receiver.deadline;
+            }
+            left.push_back(std::move(receiver));
+        }
+        access->receivers = std::move(left);
+    }
+    for (WaitingReceiver &receiver : expired) {
+        receiver.call.answer(uint8_t{1}, encoded({}));
+    }
+    return next;
 }
 
 }  // namespace quillon::driver

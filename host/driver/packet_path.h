@@ -10,6 +10,7 @@
 #include <span>
 
 #include "host/driver/dispatcher.h"
+#include "host/driver/model/clock.h"
 #include "host/driver/model/guarded.h"
 #include "host/driver/model/packet_generators.h"
 #include "host/driver/model/packet_memory.h"
@@ -23,6 +24,7 @@ namespace quillon::driver {
 struct WaitingReceiver {
     uint64_t id;
     size_t most;
+    std::optional<Time> deadline;
     Parked<ReceivePackets> call;
 };
 
@@ -64,11 +66,15 @@ class PacketPath {
 
     // Answers those who wait, as far as packets are there. True when somebody is left waiting.
     bool answer_receivers();
+    // Answers those whose time is over with no packets. Returns when that of the next one is.
+    std::optional<Time> expire_receivers(Time now);
 
     // What is set here is set before the queues are served.
 
     // There may be something to do for the task that puts packets into buffers.
     std::function<void()> wake_receive_task = [] {};
+    // Somebody waits until then.
+    std::function<void(Time)> receiver_waits = [](Time) {};
     // One of them may have something to send.
     std::function<void()> generators_changed = [] {};
 

@@ -1,5 +1,7 @@
 #include "host/driver/packet_tasks.h"
 
+#include <exception>
+
 #include "nicdrv/shared_record.h"
 #include "quillon/platform.h"
 #include "quillon/receive.h"
@@ -49,11 +51,25 @@ ReceiveTask::~ReceiveTask()
 
 void ReceiveTask::run(std::promise<uint32_t> &ready)
 {
-    host::TaskEvents events(run_);
-    loans_.set_up(events.task_id(), path_.reception.lock()->packets.levels());
-    ready.set_value(events.task_id());
+    std::optional<host::TaskEvents> events;
+    try {
+        events.emplace(run_);
+    } catch (...) {
+        ready.set_exception(std::current_exception());
+        return;
+    }
+    loans_.set_up(events->task_id(), path_.reception.lock()->packets.levels());
+    ready.set_value(events->task_id());
+    serve(*events);
+}
+
+// Events come by way of memory that any process may write: one that is lost there delays, and holds nothing up for
+// ever.
+void ReceiveTask::serve(host::TaskEvents &events)
+{
+    constexpr uint32_t look_anyway_milliseconds = 1000;
     while (!ends_) {
-        events.wait(look_again | pool_may_resume | end, QUILLON_WAIT_FOREVER);
+        events.wait(look_again | pool_may_resume | end, look_anyway_milliseconds);
         if (!take_semaphore()) {
             return;
         }
@@ -69,7 +85,9 @@ bool ReceiveTask::take_semaphore()
     constexpr uint32_t look_up_milliseconds = 100;
     while (!ends_) {
         const uint32_t status = run_.take(shared_record_semaphore_key, look_up_milliseconds);
-        if (status == QUILLON_STATUS_OK || status == QUILLON_STATUS_RECOVERED) {
+        // Held already it is when somebody has written that into it.
+        if (status == QUILLON_STATUS_OK || status == QUILLON_STATUS_RECOVERED ||
+            status == QUILLON_STATUS_ALREADY_HELD) {
             return true;
         }
     }

@@ -28,6 +28,7 @@ class ReceiveTask {
 
   private:
     void run(std::promise<uint32_t> &ready);
+    void serve(host::TaskEvents &events);
     bool take_semaphore();
 
     host::SharedRun &run_;

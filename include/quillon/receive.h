@@ -56,8 +56,8 @@ typedef struct QuillonReceiveEnvelope {
     uint32_t reserved;
     uint32_t type;
     uint32_t gap;
-    uint32_t count; /* of packets: those that are wanted, and those that came */
-    uint32_t unused;
+    uint32_t count;     /* of packets: those that are wanted, and those that came */
+    uint32_t wait_time; /* of the request, in milliseconds */
     QuillonReceivedPacket packets[QUILLON_RECEIVE_MOST];
 } QuillonReceiveEnvelope;
 QUILLON_FIELD_OFFSET(QuillonReceiveEnvelope, count, 24);
@@ -66,7 +66,9 @@ QUILLON_FIELD_OFFSET(QuillonReceiveEnvelope, packets, 32);
 /*
  * Stores received packets in `packets`: as many as there are, the oldest first, but at most `most` and at most
  * QUILLON_RECEIVE_MOST, and their number in `*count`. Waits up to `wait_time` milliseconds, or with
- * QUILLON_WAIT_FOREVER for ever, while there are none. Every packet goes to one caller, in whichever process.
+ * QUILLON_WAIT_FOREVER for ever, while there are none. Every packet goes to one caller, in whichever process: it is the
+ * driver process that ends the wait, so that no packet is on its way to a caller that has gone on. For the driver
+ * process itself it waits without limit, as every request does.
  *
  * Returns QUILLON_STATUS_OK, QUILLON_STATUS_TIMED_OUT when none came, or another status of platform.h. Then nothing is
  * stored.
@@ -88,8 +90,8 @@ static inline uint32_t quillon_receive_packets(QuillonReceivedPacket *packets, u
     envelope.type = QUILLON_RECEIVE_CODE;
     envelope.gap = 0;
     envelope.count = most;
-    envelope.unused = 0;
-    status = __SYSFUN_SendRequestMsg(queue, &envelope, wait_time, 0x20000000,
+    envelope.wait_time = wait_time;
+    status = __SYSFUN_SendRequestMsg(queue, &envelope, QUILLON_WAIT_FOREVER, 0x20000000,
                                      (uint32_t)(sizeof envelope - offsetof(QuillonReceiveEnvelope, gap)), &envelope,
                                      "quillon_receive_packets", __LINE__);
     if (status != QUILLON_STATUS_OK) {
@@ -97,6 +99,9 @@ static inline uint32_t quillon_receive_packets(QuillonReceivedPacket *packets, u
     }
     if (envelope.type != 1 || envelope.count > most || envelope.count > QUILLON_RECEIVE_MOST) {
         return QUILLON_STATUS_BAD_ARGUMENT;
+    }
+    if (envelope.count == 0) {
+        return QUILLON_STATUS_TIMED_OUT;
     }
     for (i = 0; i < envelope.count; ++i) {
         packets[i] = envelope.packets[i];

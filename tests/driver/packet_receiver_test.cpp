@@ -88,7 +88,6 @@ TEST_F(PacketReceiverTest, OffersPacketsInBuffersOfTheirOwn)
     EXPECT_EQ(record.total_held, 0U);
     EXPECT_EQ(record.cookie10_held, 0U);
     EXPECT_EQ(receiver.filled_buffers(), 0U);
-    EXPECT_EQ(receiver.taken(), 22U);
 }
 
 TEST_F(PacketReceiverTest, RefusesWhatIsNotOnLoan)
@@ -171,18 +170,24 @@ TEST_F(PacketReceiverTest, DropsWhatItsQueueHasNoRoomFor)
     EXPECT_EQ(receiver.counts(8).bytes, 120U);
 }
 
-// Whoever writes nonsense into the record harms nothing but the counts.
+// Whoever dies between two counts, counts in the record of another run or writes nonsense into it harms nothing but the
+// counts.
 TEST_F(PacketReceiverTest, DoesNotBelieveTheRecord)
 {
     record.cookie_pool.fill(0xFFFF);
-    record.pool_flow_held.fill(UINT32_MAX);
-    receiver.arrive(packet(9), 10);
-    receiver.arrive(packet(10), 10);
-    for (int i = 0; i < 10; ++i) {
-        receiver.fill(loans);
-        record.pool_stopped.fill(0);
+    for (const uint32_t wrong : {40U, UINT32_MAX - 1}) {
+        record.pool_flow_held.at(9) = wrong;
+        receiver.arrive(packet(9), 10);
+        size_t received = 0;
+        for (int turn = 0; turn < 10; ++turn) {
+            receiver.fill(loans);
+            for (const OfferedPacket &offered : receiver.take(16)) {
+                give_back(offered);
+                ++received;
+            }
+        }
+        EXPECT_EQ(received, 10U) << wrong;
     }
-    EXPECT_EQ(receiver.take(100).size(), 8U);
 }
 
 TEST(PacketReceiver, HasNoBuffersWithoutMemory)

@@ -128,11 +128,12 @@ TEST_F(PacketLoadTest, StopsAtTheLevelAndMissesNoWakeUp)
 
 const Events *freeing = nullptr;
 
-TEST_F(PacketLoadTest, GoesOnWhenTheHolderOfTheSemaphoreIsKilled)
+// An application process that frees for ever, with the semaphore of the counts.
+std::unique_ptr<Application> holder_of_the_semaphore()
 {
-    const Events events;
+    static const Events events;
     freeing = &events;
-    Application holder([] {
+    auto holder = std::make_unique<Application>([] {
         DEV_NICDRV_OM_SetFreeFunc([](void * /*buffer*/) -> uint8_t {
             freeing->tell('f');
             for (;;) {
@@ -141,14 +142,28 @@ TEST_F(PacketLoadTest, GoesOnWhenTheHolderOfTheSemaphoreIsKilled)
         });
         DEV_NICDRV_MREF_MemFree(nullptr, 0, nullptr);
     });
-    const pid_t killed = holder.pid();
     EXPECT_EQ(events.next(), 'f');
+    return holder;
+}
+
+TEST_F(PacketLoadTest, GoesOnWhenTheHolderOfTheSemaphoreIsKilled)
+{
+    const auto holder = holder_of_the_semaphore();
+    const pid_t killed = holder->pid();
     inject(2, 20);
-    EXPECT_EQ(holder.kill_and_wait(), 128 + SIGKILL);
+    EXPECT_EQ(holder->kill_and_wait(), 128 + SIGKILL);
 
     receive_and_give_back(20);
     expect_nothing_on_loan(20);
     EXPECT_THAT(driver.err().line(), HasSubstr("warning semaphore-recovered key=17 holder=" + std::to_string(killed)));
+}
+
+TEST_F(PacketLoadTest, EndsWhileASleeperHoldsTheSemaphore)
+{
+    const auto holder = holder_of_the_semaphore();
+    inject(2);
+    driver.signal(SIGTERM);
+    EXPECT_EQ(driver.wait(), 0);
 }
 
 // What it waited for goes to others.

@@ -1,5 +1,7 @@
 #include "host/driver/model/loan_counts.h"
 
+#include <algorithm>
+
 namespace quillon::driver {
 
 using nicdrv::cookie_without_pool;
@@ -15,12 +17,15 @@ void LoanCounts::set_up(uint32_t rx_task_id, const PoolLevels &levels)
     }
 }
 
-void LoanCounts::resume_pools()
+uint32_t LoanCounts::held(uint32_t pool, uint32_t lent) const
 {
-    for (uint32_t pool = 0; pool < pools; ++pool) {
-        if (record_.pool_flow_held.at(pool) < levels_.resume) {
-            record_.pool_stopped.at(pool) = 0;
-        }
+    return std::min(record_.pool_flow_held.at(pool), lent);
+}
+
+void LoanCounts::resume(uint32_t cookie, uint32_t lent)
+{
+    if (cookie < pools && held(cookie, lent) < levels_.resume) {
+        record_.pool_stopped.at(cookie) = 0;
     }
 }
 
@@ -29,7 +34,7 @@ bool LoanCounts::stopped(uint32_t cookie) const
     return cookie < pools && record_.pool_stopped.at(cookie) != 0;
 }
 
-void LoanCounts::lend(uint32_t cookie)
+void LoanCounts::lend(uint32_t cookie, uint32_t lent)
 {
     if (cookie == cookie_without_pool) {
         ++record_.cookie10_held;
@@ -38,7 +43,8 @@ void LoanCounts::lend(uint32_t cookie)
     ++record_.cookie_usage.at(cookie).held;
     ++record_.pool_held.at(cookie);
     ++record_.total_held;
-    if (++record_.pool_flow_held.at(cookie) >= levels_.stop) {
+    ++record_.pool_flow_held.at(cookie);
+    if (held(cookie, lent) >= levels_.stop) {
         record_.pool_stopped.at(cookie) = 1;
     }
 }

@@ -36,9 +36,9 @@ bool PacketReceiver::arrive(const ReceivedPacket &packet, uint32_t copies)
 
 void PacketReceiver::fill(LoanCounts &loans)
 {
-    loans.resume_pools();
     stopped_pools_ = 0;
     for (uint32_t cookie = 0; cookie < cookies; ++cookie) {
+        loans.resume(cookie, on_loan(cookie));
         const bool lent = fill(cookie, loans);
         if (loans.stopped(cookie)) {
             stopped_pools_ |= 1U << cookie;
@@ -56,13 +56,18 @@ bool PacketReceiver::fill(uint32_t cookie, LoanCounts &loans)
         const size_t index = free.back();
         free.pop_back();
         offered_.push_back(put_into_buffer(*queue.front().packet, index));
-        loans.lend(cookie);
+        loans.lend(cookie, on_loan(cookie));
         lent = true;
         if (--queue.front().copies == 0) {
             queue.pop_front();
         }
     }
     return lent;
+}
+
+uint32_t PacketReceiver::on_loan(uint32_t cookie) const
+{
+    return static_cast<uint32_t>(buffers_.size() / cookies - free_.at(cookie).size());
 }
 
 OfferedPacket PacketReceiver::put_into_buffer(const ReceivedPacket &packet, size_t index)
@@ -85,14 +90,12 @@ std::vector<OfferedPacket> PacketReceiver::take(size_t most)
     const auto end = offered_.begin() + static_cast<ptrdiff_t>(std::min(most, offered_.size()));
     std::vector<OfferedPacket> packets(offered_.begin(), end);
     offered_.erase(offered_.begin(), end);
-    taken_ += packets.size();
     return packets;
 }
 
 void PacketReceiver::offer_again(std::span<const OfferedPacket> packets)
 {
     offered_.insert(offered_.begin(), packets.begin(), packets.end());
-    taken_ -= packets.size();
 }
 
 bool PacketReceiver::give_back(uint64_t buffer)

@@ -52,9 +52,10 @@ class PacketReceiver {
     // Puts what waits in the queues into buffers, unless the pool is stopped or has none left.
     void fill(LoanCounts &loans);
 
-    // At most so many, the oldest first.
+    // At most so many, the oldest first. They are counted as taken when they are where they are to go, and offered
+    // again when they cannot go there.
     std::vector<OfferedPacket> take(size_t most);
-    // They were not taken after all.
+    void count_taken(size_t packets) { taken_ += packets; }
     void offer_again(std::span<const OfferedPacket> packets);
 
     // False for what is no buffer, and for one that is not on loan (any more).
@@ -82,6 +83,7 @@ class PacketReceiver {
         uint32_t copies;
     };
 
+    uint32_t on_loan(uint32_t cookie) const;
     uint32_t cookie_of(size_t index) const { return static_cast<uint32_t>(index % cookies); }
     bool fill(uint32_t cookie, LoanCounts &loans);  // true when a buffer was lent
     OfferedPacket put_into_buffer(const ReceivedPacket &packet, size_t index);
