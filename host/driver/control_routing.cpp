@@ -3,6 +3,12 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "host/driver/control_commands.h"
 
 namespace quillon::driver {
@@ -25,6 +31,15 @@ std::string text_of(const IpAddress &address)
     char text[INET6_ADDRSTRLEN] = "";
     inet_ntop(address.version == IpVersion::v4 ? AF_INET : AF_INET6, address.bytes.data(), text, sizeof text);
     return text;
+}
+
+IpAddress host_argument(const std::string &text)
+{
+    const IpAddress address = address_argument(text);
+    if (!is_unicast(address)) {
+        throw ControlError(fmt::format("'{}' is not the address of a host", text));
+    }
+    return address;
 }
 
 std::string text_of(const LogicalPort &port)
@@ -81,9 +96,11 @@ void add_routing_control(ControlCommands &commands, SharedSwitch &model)
                  [&model](ControlCommands::Arguments arguments) {
                      const auto access = model.lock();
                      const uint32_t unit = number_argument(arguments[0], "UNIT", 1, access->stack.shape().units);
+                     std::vector<IpAddress> destinations;
+                     std::ranges::transform(arguments.subspan(1), std::back_inserter(destinations), host_argument);
                      std::string lines;
-                     for (const std::string &address : arguments.subspan(1)) {
-                         lines += forward(*access, unit, address_argument(address));
+                     for (const IpAddress &destination : destinations) {
+                         lines += forward(*access, unit, destination);
                      }
                      return lines;
                  });

@@ -198,9 +198,7 @@ std::optional<Routes::Match> Routes::route(const IpAddress &destination)
     const uint32_t whole_address = bits_of(destination.version);
     if (Hosts::Entry *const host = hosts_.find(destination)) {
         host->value.hit = true;
-        return Match{.kind = Match::Kind::host,
-                     .prefix_length = whole_address,
-                     .next_hop = host->value.neighbour ? host->number : cpu_next_hop};
+        return Match{.prefix_length = whole_address, .next_hop = host->value.neighbour ? host->number : cpu_next_hop};
     }
     // Packets of one flow keep to one path.
     const auto flow = std::accumulate(destination.bytes.begin(), destination.bytes.end(), size_t{0});
@@ -208,11 +206,11 @@ std::optional<Routes::Match> Routes::route(const IpAddress &destination)
         const uint32_t length = whole_address - shorter;
         if (const auto *const network = networks_.find({.network = masked(destination, length), .length = length})) {
             const std::vector<NextHop> &paths = network->value.paths;
-            return Match{.kind = Match::Kind::network, .prefix_length = length, .next_hop = paths[flow % paths.size()]};
+            return Match{.prefix_length = length, .next_hop = paths[flow % paths.size()]};
         }
     }
     if (const auto next_hop = special_default(destination.version)) {
-        return Match{.kind = Match::Kind::special_default, .prefix_length = 0, .next_hop = *next_hop};
+        return Match{.prefix_length = 0, .next_hop = *next_hop};
     }
     return std::nullopt;
 }

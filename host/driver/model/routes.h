@@ -82,8 +82,6 @@ class Routes {
     void forget_interface(uint32_t id);
 
     struct Match {
-        enum class Kind : uint8_t { host, network, special_default };
-        Kind kind;
         uint32_t prefix_length;
         NextHop next_hop;
     };
