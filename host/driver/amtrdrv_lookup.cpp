@@ -1,5 +1,7 @@
 // Looking addresses up in the chips.
-#include <vector>
+#include <fmt/format.h>
+
+#include <string>
 
 #include "amtrdrv/commands.h"
 #include "host/driver/amtrdrv_encoding.h"
@@ -37,23 +39,33 @@ void add_lookup(Dispatcher &dispatcher, SharedSwitch &model)
         });
 }
 
+// How many addresses of zeros there are, and the first of them.
+struct NullAddresses {
+    static constexpr int64_t most_named = 100;
+
+    int64_t count = 0;
+    std::string named;
+};
+
+NullAddresses null_addresses(const MacTable &macs)
+{
+    NullAddresses found;
+    for (const auto &[key, entry] : macs) {
+        if (key.mac == MacAddress{} && ++found.count <= NullAddresses::most_named) {
+            const EncodedDestination at = encoded(entry.destination);
+            found.named +=
+                fmt::format("{}{}/{}/{}/{}", found.named.empty() ? "" : ",", key.vlan, at.type, at.unit, at.port);
+        }
+    }
+    return found;
+}
+
 // In place of a console: the log.
 void add_null_addresses(Dispatcher &dispatcher, SharedSwitch &model)
 {
     dispatcher.on<amtrdrv::ShowValidNullMac>([&model, &log = dispatcher.log()] {
-        std::vector<std::pair<uint32_t, EncodedDestination>> found;
-        {
-            const auto access = model.lock();
-            for (const auto &[key, entry] : access->macs()) {
-                if (key.mac == MacAddress{}) {
-                    found.emplace_back(key.vlan, encoded(entry.destination));
-                }
-            }
-        }
-        for (const auto &[vlan, at] : found) {
-            log.write_limited(Level::info, "null-mac", {{"vlan", vlan}},
-                              {{"destination", at.type}, {"unit", at.unit}, {"port", at.port}});
-        }
+        const NullAddresses found = null_addresses(model.lock()->macs());
+        log.write_limited(Level::info, "null-mac", {}, {{"entries", found.count}, {"at", found.named}});
         return true;
     });
 }
@@ -71,7 +83,7 @@ void add_amtrdrv_lookup(Dispatcher &dispatcher, SharedSwitch &model)
             if (!ports || request.mode > 1) {
                 return false;
             }
-            const PortMask of_interest = *ports == 0 ? first_ports(StackShape::most_ports) : *ports;
+            const PortMask of_interest = *ports == 0 ? first_ports(chips.stack.shape().ports) : *ports;
             const auto hit =
                 chips.macs().hit(key_of(request), unit, of_interest, chips.chips.trunks, request.mode == 1);
             reply.value = hit == true ? 1 : 0;

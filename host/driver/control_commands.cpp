@@ -1,6 +1,15 @@
 #include "host/driver/control_commands.h"
 
+#include <fmt/format.h>
+
 namespace quillon::driver {
+
+void require_link(const Switch &chips, const LogicalPort &port)
+{
+    if (!chips.running_port(port)->status().link_up()) {
+        throw ControlError(fmt::format("the link of port {}/{} is down", port.unit, port.port));
+    }
+}
 
 void add_control_commands(ControlCommands &commands, Models &models)
 {

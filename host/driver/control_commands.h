@@ -9,6 +9,9 @@ namespace quillon::driver {
 // All of them. `models` must outlive the commands.
 void add_control_commands(ControlCommands &commands, Models &models);
 
+// Throws ControlError when frames can neither come in nor leave.
+void require_link(const Switch &chips, const LogicalPort &port);
+
 void add_cable_control(ControlCommands &commands, SharedSwitch &model);
 void add_learning_control(ControlCommands &commands, SharedSwitch &model);
 void add_oam_control(ControlCommands &commands, SharedSwitch &model, OamDelivery &delivery);

@@ -50,15 +50,16 @@ std::string learn(Switch &chips, ControlCommands::Arguments arguments)
     if (!chips.chips.learning.find(port)->learns) {
         throw ControlError(fmt::format("port {} of unit {} does not learn", port.port, port.unit));
     }
+    require_link(chips, port);
     for (uint32_t i = 0; i < count; ++i) {
         const MacKey key = {.vlan = vlan, .mac = mac_of(first + i)};
-        chips.chips.traffic.find(port)->receive({.kind = FrameKind::unicast, .size = shortest_frame});
         if (!chips.learn(key, port)) {
             const bool never = is_multicast(key.mac) || chips.macs().find(key) != nullptr;
             throw ControlError(
                 fmt::format("{:02X} cannot be learned ({} of {} learned): {}", fmt::join(key.mac, "-"), i, count,
                             never ? "it is a multicast address or the switch's own" : "the table is full"));
         }
+        chips.chips.traffic.find(port)->receive({.kind = FrameKind::unicast, .size = shortest_frame});
     }
     return {};
 }

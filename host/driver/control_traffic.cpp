@@ -50,9 +50,7 @@ std::string count_traffic(Switch &chips, ControlCommands::Arguments arguments)
                         .size = sent ? number_argument(arguments[4], "SIZE", shortest_frame, longest_frame)
                                      : number_argument(arguments[4], "SIZE", 1, longest_jabber),
                         .count = number_argument(arguments[5], "COUNT", 1, UINT32_MAX)};
-    if (!chips.running_port(port)->status().link_up()) {
-        throw ControlError(fmt::format("the link of port {}/{} is down", port.unit, port.port));
-    }
+    require_link(chips, port);
     PortTraffic &traffic = *chips.chips.traffic.find(port);
     sent ? traffic.send(frames) : traffic.receive(frames);
     return {};

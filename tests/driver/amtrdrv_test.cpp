@@ -85,6 +85,9 @@ TEST_F(AmtrdrvTest, LaysAnEntryOut)
         wrong.bytes[at] = value;
         EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&wrong), 0) << at;
     }
+    AddrTblEntry trunk_of_a_unit = rows[1];
+    trunk_of_a_unit.bytes[8] = 1;
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&trunk_of_a_unit), 0);
     EXPECT_EQ(size(), 3U);
 }
 
@@ -114,6 +117,12 @@ TEST_F(AmtrdrvTest, WalksInBatchesOfEachClientsOwn)
     EXPECT_EQ(DEV_AMTRDRV_PMGR_ResetToFirstAddrTblEntry(2), 1);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry(batch.data(), 1, &count), 1U);
     EXPECT_EQ(batch[0], entry(0));
+
+    const AddrTblEntry again = entry(0);
+    EXPECT_EQ(DEV_SWDRV_PMGR_ResetOnDemand(1), 1);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&again), 1);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_GetNextNAddrTblEntry(batch.data(), 1, &count), 1U)
+        << "with the table the walk has begun anew";
 }
 
 TEST_F(AmtrdrvTest, ChangesTheTable)
@@ -317,10 +326,12 @@ TEST_F(AmtrdrvTest, TellsWhereAnAddressWasSeenOnce)
     uint8_t seen = 9;
     Ports port_65{};
     port_65[8] = 1;
+    const Ports port_29{0, 0, 0, 0x10};
     EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 2, all_ports.data(), 2), 0);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 3, all_ports.data(), 1), 0);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 2, 2, all_ports.data(), 1), 0);
     EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 2, port_65.data(), 1), 0);
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_ReadAndClearLocalHitBit(&seen, mac, 1, 2, port_29.data(), 1), 0);
 }
 
 TEST_F(AmtrdrvTest, HasMulticastEntries)
@@ -374,7 +385,7 @@ TEST_F(AmtrdrvTest, ShowsNullAddressesInTheLog)
     std::fill_n(null.bytes, 6, uint8_t{0});
     EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAddrTblEntry(&null), 1);
     DEV_AMTRDRV_PMGR_ShowValidNullMac();
-    EXPECT_THAT(served.logged(), testing::HasSubstr("info null-mac vlan=1 destination=1 unit=2 port=3\n"));
+    EXPECT_THAT(served.logged(), testing::HasSubstr("info null-mac entries=1 at=1/1/2/3\n"));
 }
 
 }  // namespace

@@ -109,9 +109,14 @@ TEST_F(MacTableTest, Learns)
     EXPECT_FALSE(see(group, {1, 1}));
     EXPECT_FALSE(see(station(3, 1), {1, 1}));
     EXPECT_FALSE(see(station(1, 5), {1, 29}));
+    EXPECT_TRUE(see(station(1, 6), {1, 1}));
     model.chips.learning.find({1, 1})->learns = false;
     EXPECT_FALSE(see(station(1, 5), {1, 1}));
     EXPECT_TRUE(see(station(1, 5), {2, 1}));
+    EXPECT_FALSE(see(station(1, 5), {1, 1})) << "it does not move there";
+    now += 200s;
+    EXPECT_TRUE(see(station(1, 6), {1, 1})) << "it is known, and does not age";
+    EXPECT_EQ(macs().find(station(1, 6))->last_seen, now);
 }
 
 TEST_F(MacTableTest, ForgetsWhatWasNotSeenForTheAgeingTime)

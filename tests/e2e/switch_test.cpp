@@ -180,6 +180,7 @@ TEST_F(ControlTest, SaysWhatIsWrong)
         {{"learn-address", "1", "02-00-00-00-40-01", "1", "1"},
          "02-00-00-00-40-01 cannot be learned (0 of 1 learned): the table is full"},
         {{"learn-address", "2", mac, "1", "1"}, "there is no VLAN 2"},
+        {{"learn-address", "1", mac, "1", "4"}, "the link of port 1/4 is down"},
         {{"learn-address", "1", "01-00-00-00-00-01", "1", "1"},
          "01-00-00-00-00-01 cannot be learned (0 of 1 learned): it is a multicast address or the switch's own"},
         {{"learn-address", "1", "02-00:00-00-00-01", "1", "1"},
@@ -221,6 +222,7 @@ TEST_F(ControlTest, SaysWhatIsWrong)
 
         {{"forward", "3", "10.0.0.1"}, "UNIT is a number from 1 to 2, not '3'"},
         {{"forward", "1", "10.0.0"}, "'10.0.0' is no IP address"},
+        {{"forward", "1", "10.0.0.1", "224.0.0.5"}, "'224.0.0.5' is not the address of a host"},
         {{"forward-multicast", "1", "1", "1", "10.0.0.9", "10.0.0.1"}, no_flow},
         {{"forward-multicast", "1", "1", "1", "::1", "239.0.0.1"}, no_flow},
         {{"forward-multicast", "1", "1", "4095", "10.0.0.9", "239.0.0.1"},

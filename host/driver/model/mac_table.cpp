@@ -56,7 +56,8 @@ bool MacTable::set_ageing_time(std::chrono::seconds time)
     return true;
 }
 
-bool MacTable::see(const MacKey &key, const LogicalPort &port, const Vlans &vlans, const Trunks &trunks, Time now)
+bool MacTable::see(const MacKey &key, const LogicalPort &port, bool learns, const Vlans &vlans, const Trunks &trunks,
+                   Time now)
 {
     const auto found = entries_.find(key);
     MacEntry entry = found == entries_.end() ? MacEntry{} : found->second;
@@ -66,7 +67,11 @@ bool MacTable::see(const MacKey &key, const LogicalPort &port, const Vlans &vlan
         return true;
     }
     const auto trunk = trunks.id_of_trunk_of(port);
-    entry.destination = trunk ? MacDestination(TrunkId{*trunk}) : port;
+    const MacDestination from = trunk ? MacDestination(TrunkId{*trunk}) : port;
+    if (!learns && (found == entries_.end() || entry.destination != from)) {
+        return false;
+    }
+    entry.destination = from;
     entry.last_seen = now;
     return entry.kind == MacKind::learned && set(key, entry, vlans, trunks);
 }
@@ -168,7 +173,7 @@ void MacTable::remove_all(const MacSelection &selection)
 std::optional<bool> MacTable::hit(const MacKey &key, uint32_t unit, PortMask ports, const Trunks &trunks, bool clear)
 {
     const auto found = entries_.find(key);
-    if (found == entries_.end() || !stack_.has_unit(unit)) {
+    if (found == entries_.end() || !stack_.has_unit(unit) || (ports & ~first_ports(stack_.shape().ports)) != 0) {
         return std::nullopt;
     }
     MacEntry &entry = found->second;

@@ -112,9 +112,10 @@ class MacTable {
     bool set_ageing_time(std::chrono::seconds time);
 
     // A frame came in. Its address moves to the port, or to the trunk that the port is in, unless it was set to be
-    // elsewhere. False when it cannot be learned: VLAN or port do not exist, the address is a multicast address or the
-    // switch's own, the table is full.
-    bool see(const MacKey &key, const LogicalPort &port, const Vlans &vlans, const Trunks &trunks, Time now);
+    // elsewhere. False when it cannot be learned: the port does not learn what it has not learned before, VLAN or port
+    // do not exist, the address is a multicast address or the switch's own, the table is full.
+    bool see(const MacKey &key, const LogicalPort &port, bool learns, const Vlans &vlans, const Trunks &trunks,
+             Time now);
 
     // What follows returns false, and changes nothing, for VLANs, trunks, ports, chips and entries that do not exist,
     // when the table is full, and for a multicast address where none can be, or the other way round.
@@ -138,8 +139,8 @@ class MacTable {
     bool remove_from_chip(const MacKey &key, uint32_t chip);
     void remove_all(const MacSelection &selection);
 
-    // Whether the address was seen at one of the ports; then that can be cleared. Nothing when there is no such entry
-    // or unit.
+    // Whether the address was seen at one of the ports; then that can be cleared. Nothing when there is no such entry,
+    // unit or port.
     std::optional<bool> hit(const MacKey &key, uint32_t unit, PortMask ports, const Trunks &trunks, bool clear);
 
   private:

@@ -78,9 +78,22 @@ bool ChipState::destroy_trunk(uint32_t id)
     return true;
 }
 
+void ChipState::shut_all_ports()
+{
+    for (PortSettings &port : ports) {
+        port.set_admin_up(false);
+    }
+}
+
 Switch::Switch(const StackShape &shape, Clock clock)
     : stack(shape), chips(stack), lines(by_port_type<Line>(stack)), clock_(std::move(clock))
 {
+}
+
+void Switch::reset_chips()
+{
+    chips = ChipState(stack);
+    mac_walks = {};
 }
 
 MacTable &Switch::macs()
@@ -92,7 +105,7 @@ MacTable &Switch::macs()
 bool Switch::learn(const MacKey &key, const LogicalPort &port)
 {
     const PortLearning *const learning = chips.learning.find(port);
-    return learning != nullptr && learning->learns && macs().see(key, port, chips.vlans, chips.trunks, now());
+    return learning != nullptr && macs().see(key, port, learning->learns, chips.vlans, chips.trunks, now());
 }
 
 std::optional<RunningPort> Switch::running_port(const LogicalPort &port) const

@@ -54,6 +54,7 @@ struct ChipState {
     bool delete_l3_interface(uint32_t id, const VlanMac &where);
     // False for a trunk that does not exist. What is bound to it goes with it.
     bool destroy_trunk(uint32_t id);
+    void shut_all_ports();
 
     PerPort<PortOverrides> overrides;
     PerPort<PortSettings> ports;
@@ -91,7 +92,7 @@ class Switch {
     Time now() const { return clock_(); }
 
     // Puts the chips back in the state that they start in.
-    void reset_chips() { chips = ChipState(stack); }
+    void reset_chips();
 
     // Nothing for a port that does not exist.
     std::optional<RunningPort> running_port(const LogicalPort &port) const;
@@ -108,7 +109,7 @@ class Switch {
 
     std::optional<FrameSize> largest_frame(const LogicalPort &port) const;
 
-    // The MAC address table as it stands now, without what has aged. All use of it goes through here.
+    // The MAC address table as it stands now, without what has aged. All requests use it through here.
     MacTable &macs();
     // A frame came in at a port. False when its address cannot be learned.
     bool learn(const MacKey &key, const LogicalPort &port);
