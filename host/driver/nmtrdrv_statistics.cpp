@@ -24,8 +24,8 @@ bool has_ports(const Stack &stack, const nmtrdrv::StatsRangeReq &range)
     if (range.ports() == 0) {
         return stack.has_unit(unit);
     }
-    return range.ports() <= QUILLON_STATS_PORTS && range.first_port <= range.last_port &&
-           stack.has({.unit = unit, .port = range.first_port}) && stack.has({.unit = unit, .port = range.last_port});
+    return range.ports() <= QUILLON_STATS_PORTS && stack.has({.unit = unit, .port = range.first_port}) &&
+           stack.has({.unit = unit, .port = range.last_port});
 }
 
 // Answers C with what `record_of` makes of each port.

@@ -108,11 +108,14 @@ TEST_F(NmtrdrvTest, CountsFramesBySize)
 TEST_F(NmtrdrvTest, CountsPacketsThatComeIn)
 {
     DEVRM_PMGR_InitiateProcessResource();
-    const auto packet = [](std::vector<uint8_t> destination, uint16_t type, size_t size = 60) {
+    const auto packet = [](std::vector<uint8_t> destination, uint16_t type, size_t size = 60, uint8_t opcode = 0) {
         std::vector<std::byte> bytes(size);
         std::ranges::transform(destination, bytes.begin(), [](uint8_t byte) { return std::byte{byte}; });
         bytes[12] = static_cast<std::byte>(type >> 8);
         bytes[13] = static_cast<std::byte>(type);
+        if (opcode != 0) {
+            bytes[15] = std::byte{opcode};
+        }
         return bytes;
     };
     const auto come_in = [&](const std::vector<std::byte> &bytes) {
@@ -120,15 +123,17 @@ TEST_F(NmtrdrvTest, CountsPacketsThatComeIn)
     };
     come_in(packet({0x02, 0, 0, 0, 0, 1}, 0x0800, 14));
     come_in(packet({0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, 0x0806, 61));
-    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x8808));
-    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x0800));
+    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x8808, 60, 1));
+    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x8808, 60, 2));
+    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x0800, 60, 1));
+    come_in(packet({0x01, 0x80, 0xC2, 0, 0, 0x01}, 0x8808, 14));
     EXPECT_EQ(DEVRM_PMGR_CreatePcl(port.unit, 7, 1, 10, 4), 1);
     EXPECT_EQ(DEVRM_PMGR_BindPclToPort(port.unit, 7, port.port), 1);
     come_in(packet({0x33, 0x33, 0, 0, 0, 1}, 0x86DD));
 
     EXPECT_EQ(columns(DEV_NMTRDRV_PMGR_GetIfTableStats),
-              (Columns<IfTableStats>{4 * 64 + 65, 1, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
-    EXPECT_EQ(columns(DEV_NMTRDRV_PMGR_GetIfXTableStats)[0], 2U);
+              (Columns<IfTableStats>{6 * 64 + 65, 1, 5, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(columns(DEV_NMTRDRV_PMGR_GetIfXTableStats)[0], 4U);
     EXPECT_EQ(columns(DEV_NMTRDRV_PMGR_GetIfXTableStats)[1], 1U);
     EXPECT_EQ(columns(DEV_NMTRDRV_PMGR_GetEtherLikePause)[1], 1U);
 }
@@ -192,6 +197,27 @@ TEST_F(NmtrdrvTest, ReadsRangesOfPorts)
         {"clear no port", [] { return DEV_NMTRDRV_PMGR_ClearPortCounter(2, 29); }},
         {"no port's ability", [&] { return DEV_NMTRDRV_PMGR_GetStatsAbility(3, 1, &ability); }},
     });
+}
+
+// The library never asks for them: its callers have no room for more.
+TEST(Nmtrdrv, AnswersNoMorePortsThanAReplyHolds)
+{
+    driver::Models models{driver::StackShape{.units = 1, .ports = 64, .chips = 2}};
+    const ServedDispatcher served{[&](driver::Dispatcher &dispatcher) { add_handlers(dispatcher, models); }};
+    constexpr uint32_t reply_size = 2908;
+    for (const auto &[last, result] : {std::pair<uint8_t, uint8_t>{30, 1}, {31, 0}, {64, 0}}) {
+        std::vector<uint8_t> envelope(40);
+        envelope[8] = 126;  // the family
+        envelope[10] = 20;  // what follows the header
+        envelope[16] = 3;   // GetIfTableStats
+        envelope[24] = 1;   // unit
+        envelope[28] = 1;   // first port
+        envelope[32] = last;
+        const auto reply = served.client().exchange(envelope, reply_size);
+        ASSERT_TRUE(reply && reply->size() == reply_size) << int(last);
+        EXPECT_EQ((*reply)[16], result) << int(last);
+        EXPECT_EQ(std::ranges::count(reply->begin() + 24, reply->end(), 0), reply_size - 24) << int(last);
+    }
 }
 
 TEST_F(NmtrdrvTest, TellsWhatAPortCounts)

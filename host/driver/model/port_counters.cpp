@@ -7,9 +7,19 @@ namespace {
 
 constexpr std::array<uint32_t, 6> largest_of_size = {64, 127, 255, 511, 1023, 1518};
 
-bool starts_with(std::span<const std::byte> packet, const std::array<uint8_t, 6> &address)
+bool starts_with(std::span<const std::byte> packet, std::span<const uint8_t> bytes)
 {
-    return std::ranges::equal(packet.first(address.size()), address, {}, [](std::byte byte) { return uint8_t(byte); });
+    return std::ranges::equal(packet.first(bytes.size()), std::as_bytes(bytes));
+}
+
+// A MAC control frame with the opcode of a pause.
+bool is_pause(std::span<const std::byte> packet)
+{
+    constexpr std::array<uint8_t, 6> to = {0x01, 0x80, 0xC2, 0x00, 0x00, 0x01};
+    constexpr std::array<uint8_t, 4> type_and_opcode = {0x88, 0x08, 0x00, 0x01};
+    constexpr size_t type_at = 12;
+    return packet.size() >= type_at + type_and_opcode.size() && starts_with(packet, to) &&
+           starts_with(packet.subspan(type_at), type_and_opcode);
 }
 
 bool is_damaged(FrameKind kind)
@@ -22,13 +32,12 @@ bool is_damaged(FrameKind kind)
 Frames frame_of(std::span<const std::byte> packet)
 {
     constexpr uint32_t check_sequence = 4;
-    constexpr uint16_t mac_control = 0x8808;
-    const auto ether_type = static_cast<uint16_t>(uint32_t(packet[12]) << 8 | uint32_t(packet[13]));
+    constexpr std::array<uint8_t, 6> broadcast = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
     Frames frame{.kind = FrameKind::unicast,
                  .size = std::max(static_cast<uint32_t>(packet.size()) + check_sequence, shortest_frame)};
-    if (starts_with(packet, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF})) {
+    if (starts_with(packet, broadcast)) {
         frame.kind = FrameKind::broadcast;
-    } else if (starts_with(packet, {0x01, 0x80, 0xC2, 0x00, 0x00, 0x01}) && ether_type == mac_control) {
+    } else if (is_pause(packet)) {
         frame.kind = FrameKind::pause;
     } else if ((uint8_t(packet[0]) & 1) != 0) {
         frame.kind = FrameKind::multicast;
