@@ -34,9 +34,7 @@ void add_admin_state(Dispatcher &dispatcher, SharedSwitch &model)
     on_any_settings<swdrv::EnablePortAdmin>(dispatcher, model, [](PortSettings &port) { port.set_admin_up(true); });
     on_any_settings<swdrv::DisablePortAdmin>(dispatcher, model, [](PortSettings &port) { port.set_admin_up(false); });
     dispatcher.on<swdrv::DisableAllPortAdmin>([&model] {
-        for (PortSettings &port : model.lock()->chips.ports) {
-            port.set_admin_up(false);
-        }
+        model.lock()->chips.shut_all_ports();
         return true;
     });
 }

@@ -193,9 +193,7 @@ void add_port_hardware(Dispatcher &dispatcher, SharedSwitch &model)
         return true;
     });
     dispatcher.on<swdrv::ShutdownSwitch>([&model] {
-        for (PortSettings &port : model.lock()->chips.ports) {
-            port.set_admin_up(false);
-        }
+        model.lock()->chips.shut_all_ports();
         return true;
     });
     // A place for a debugger to stop at.

@@ -129,7 +129,8 @@ void add_poe_controller(Dispatcher &dispatcher, SharedSwitch &model)
 void add_leds(Dispatcher &dispatcher, SharedSwitch &model)
 {
     dispatcher.on<swdrv::PhyLightPortLedNormal>([&model] {
-        for (PortOverrides &port : model.lock()->chips.overrides) {
+        const auto access = model.lock();
+        for (PortOverrides &port : access->chips.overrides) {
             port.leds = {};
         }
         return true;

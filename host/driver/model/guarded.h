@@ -3,7 +3,9 @@
 // The queues are served by a thread each, and what they share stands in one Guarded object a subject: the switch, and
 // whatever is slow enough to be kept apart from it. A handler
 //
-// - reads and writes shared state only through lock(), and holds one lock at a time;
+// - reads and writes shared state only through lock(), and holds one lock at a time. What a range-based for goes over
+// is
+//   held by an Access with a name: one without is gone before the first round;
 // - does not wait, send, answer a parked request or write the log while it holds it;
 // - makes all changes of one request under one lock, so that other requests see all of them or none.
 //
