@@ -3,6 +3,9 @@
 #include <errno.h>
 #include <signal.h>
 
+#include <algorithm>
+#include <iterator>
+#include <set>
 #include <utility>
 
 namespace quillon::driver {
@@ -13,11 +16,11 @@ bool process_runs(pid_t process)
     return kill(process, 0) == 0 || errno != ESRCH;
 }
 
-template <class ParkedCall>
-void answer(std::vector<ParkedCall> calls, bool result)
+template <class ParkedWait>
+void refuse(std::vector<ParkedWait> waits)
 {
-    for (ParkedCall &call : calls) {
-        call.answer(result);
+    for (ParkedWait &wait : waits) {
+        wait.call.answer(false);
     }
 }
 
@@ -25,12 +28,14 @@ void answer(std::vector<ParkedCall> calls, bool result)
 
 OamDelivery::Waits::Waits() : bindings(process_runs) {}
 
-std::vector<OamDelivery::ParkedCall> OamDelivery::Waits::take(const std::vector<OamBindings::WaitId> &ids)
+std::vector<OamDelivery::ParkedWait> OamDelivery::Waits::take(const std::vector<OamBindings::WaitId> &ids)
 {
-    std::vector<ParkedCall> taken;
+    std::vector<ParkedWait> taken;
     taken.reserve(ids.size());
     for (const OamBindings::WaitId id : ids) {
-        taken.push_back(std::move(parked.extract(id).mapped()));
+        if (auto wait = parked.extract(id)) {
+            taken.push_back(std::move(wait.mapped()));
+        }
     }
     return taken;
 }
@@ -44,7 +49,7 @@ std::optional<OamBindings::Handle> OamDelivery::bind(const OamSubscription &subs
 
 bool OamDelivery::unbind(const OamSubscription &subscription)
 {
-    std::vector<ParkedCall> ended;
+    std::vector<ParkedWait> ended;
     {
         const auto waits = waits_.lock();
         const auto ids = waits->bindings.unbind(subscription);
@@ -53,7 +58,7 @@ bool OamDelivery::unbind(const OamSubscription &subscription)
         }
         ended = waits->take(*ids);
     }
-    answer(std::move(ended), false);
+    refuse(std::move(ended));
     return true;
 }
 
@@ -65,7 +70,7 @@ std::optional<bool> OamDelivery::wait(WaitCall &call, OamBindings::Handle handle
         if (const auto result = waits->bindings.wait(call.client(), handle, id, wait)) {
             return result;
         }
-        waits->parked.emplace(id, call.park([this, id] { cancel(id); }));
+        waits->parked.emplace(id, ParkedWait{.binding = handle, .call = call.park([this, id] { cancel(id); })});
     }
     if (wait.deadline) {
         alarm_.set(*wait.deadline);
@@ -76,14 +81,33 @@ std::optional<bool> OamDelivery::wait(WaitCall &call, OamBindings::Handle handle
 size_t OamDelivery::raise(OamEvent event)
 {
     OamBindings::Raised raised;
-    std::vector<ParkedCall> ended;
+    std::vector<ParkedWait> ended;
     {
         const auto waits = waits_.lock();
         raised = waits->bindings.raise(event);
         ended = waits->take(raised.waits);
     }
-    answer(std::move(ended), true);
+    deliver(event, std::move(ended));
     return raised.bindings;
+}
+
+// What only callers who had just given up were told comes to the binding once more.
+void OamDelivery::deliver(OamEvent event, std::vector<ParkedWait> ended)
+{
+    while (!ended.empty()) {
+        std::set<OamBindings::Handle> told;
+        std::set<OamBindings::Handle> missed;
+        for (ParkedWait &wait : ended) {
+            (wait.call.answer(true) ? told : missed).insert(wait.binding);
+        }
+        ended.clear();
+        const auto waits = waits_.lock();
+        for (const OamBindings::Handle binding : missed) {
+            if (!told.contains(binding)) {
+                std::ranges::move(waits->take(waits->bindings.deliver(event, binding)), std::back_inserter(ended));
+            }
+        }
+    }
 }
 
 void OamDelivery::cancel(OamBindings::WaitId id)
@@ -95,14 +119,14 @@ void OamDelivery::cancel(OamBindings::WaitId id)
 
 std::optional<Alarm::Clock::time_point> OamDelivery::expire()
 {
-    std::vector<ParkedCall> expired;
+    std::vector<ParkedWait> expired;
     std::optional<Alarm::Clock::time_point> next;
     {
         const auto waits = waits_.lock();
         expired = waits->take(waits->bindings.expire(Alarm::Clock::now()));
         next = waits->bindings.next_deadline();
     }
-    answer(std::move(expired), false);
+    refuse(std::move(expired));
     return next;
 }
 

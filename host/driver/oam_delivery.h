@@ -36,18 +36,22 @@ class OamDelivery {
     size_t raise(OamEvent event);
 
   private:
-    using ParkedCall = Parked<swdrv::WaitAndReceiveOam>;
+    struct ParkedWait {
+        OamBindings::Handle binding;
+        Parked<swdrv::WaitAndReceiveOam> call;
+    };
 
     struct Waits {
         Waits();
 
-        std::vector<ParkedCall> take(const std::vector<OamBindings::WaitId> &ids);
+        std::vector<ParkedWait> take(const std::vector<OamBindings::WaitId> &ids);
 
         OamBindings bindings;
         OamBindings::WaitId last_id = 0;
-        std::map<OamBindings::WaitId, ParkedCall> parked;
+        std::map<OamBindings::WaitId, ParkedWait> parked;
     };
 
+    void deliver(OamEvent event, std::vector<ParkedWait> ended);
     void cancel(OamBindings::WaitId id);
     std::optional<Alarm::Clock::time_point> expire();
 

@@ -61,6 +61,19 @@ TEST_F(OamBindingsTest, DeliverEachEventOnce)
     }
 }
 
+// When the callers whose waits it ended had given up.
+TEST_F(OamBindingsTest, DeliverAnEventOnceMore)
+{
+    const auto one = bind(lost, 1);
+    bind(lost, 2);
+    EXPECT_THAT(bindings.deliver(lost, one), IsEmpty());
+    EXPECT_EQ(wait(one, 1, lost), true);
+    EXPECT_EQ(wait(one, 2, lost), std::nullopt);
+    EXPECT_THAT(bindings.deliver(lost, one), ElementsAre(2));
+    EXPECT_EQ(bindings.unbind({client, lost, 1}), std::vector<OamBindings::WaitId>{});
+    EXPECT_THAT(bindings.deliver(lost, one), IsEmpty());
+}
+
 TEST_F(OamBindingsTest, RefuseWaitsThatNothingCanEnd)
 {
     const auto handle = bind(lost);

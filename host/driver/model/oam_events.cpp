@@ -84,13 +84,26 @@ OamBindings::Raised OamBindings::raise(OamEvent event)
             continue;
         }
         ++raised.bindings;
-        const size_t ended_before = raised.waits.size();
-        end_waits(binding.waits, raised.waits, [event](const OamWait &wait) { return wait.events.contains(event); });
-        if (raised.waits.size() == ended_before) {
-            ++binding.kept[static_cast<size_t>(event)];
-        }
+        const std::vector<WaitId> ended = deliver(event, binding);
+        raised.waits.insert(raised.waits.end(), ended.begin(), ended.end());
     }
     return raised;
+}
+
+std::vector<OamBindings::WaitId> OamBindings::deliver(OamEvent event, Handle handle)
+{
+    const auto found = bindings_.find(handle);
+    return found == bindings_.end() ? std::vector<WaitId>{} : deliver(event, found->second);
+}
+
+std::vector<OamBindings::WaitId> OamBindings::deliver(OamEvent event, Binding &binding)
+{
+    std::vector<WaitId> ended;
+    end_waits(binding.waits, ended, [event](const OamWait &wait) { return wait.events.contains(event); });
+    if (ended.empty()) {
+        ++binding.kept[static_cast<size_t>(event)];
+    }
+    return ended;
 }
 
 std::vector<OamBindings::WaitId> OamBindings::expire(Clock::time_point now)

@@ -89,6 +89,8 @@ class OamBindings {
         std::vector<WaitId> waits = {};  // that it ends
     };
     Raised raise(OamEvent event);
+    // The same for one binding, if it is there (still). Returns the waits that end.
+    std::vector<WaitId> deliver(OamEvent event, Handle handle);
 
     // The waits that end because their time is over.
     std::vector<WaitId> expire(Clock::time_point now);
@@ -101,6 +103,7 @@ class OamBindings {
         std::map<WaitId, OamWait> waits = {};
     };
 
+    static std::vector<WaitId> deliver(OamEvent event, Binding &binding);
     void forget_clients_that_ended();
 
     std::function<bool(pid_t)> runs_;
