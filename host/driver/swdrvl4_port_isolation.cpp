@@ -40,12 +40,14 @@ Words words_of(const IsolatedPorts &ports)
             static_cast<uint32_t>(ports.downlinks), static_cast<uint32_t>(ports.downlinks >> 32)};
 }
 
-// False when not all of the ports are in the session, in the list that they are to leave.
+// False when the session has no lists, or not all of the ports are in the list that they are to leave.
 bool remove(KeptSettings &kept, uint32_t session, const IsolatedPorts &ports)
 {
     Words left = kept.get(Setting::isolated_ports, {session});
     const Words removed = words_of(ports);
-    left.resize(removed.size());
+    if (left.empty()) {
+        return false;
+    }
     for (size_t i = 0; i < removed.size(); ++i) {
         if ((removed[i] & ~left[i]) != 0) {
             return false;

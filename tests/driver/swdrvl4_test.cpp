@@ -90,6 +90,7 @@ TEST_F(Swdrvl4Test, KeepsIsolation)
     EXPECT_EQ(DEV_SWDRVL4_PMGR_SetPrivateVlanPortlistBySessionId(0, port_1, port_2), 0);
     expect_kept(one, {15, port_1, port_2}, {2, port_2, port_1}, isolated_ports, {15}, {port_28, 0, 0, 0});
     EXPECT_EQ(one(15, port_1, no_ports), 0) << "it has left";
+    EXPECT_EQ(one(3, no_ports, no_ports), 0) << "no lists";
     expect_kept(DEV_SWDRVL4_PMGR_DisableTrafficSegmatation, {}, {}, traffic_segmentation, {}, {0});
     expect_kept(DEV_SWDRVL4_PMGR_EnableTrafficSegmatation, {}, {}, traffic_segmentation, {}, {1});
     expect_kept(DEV_SWDRVL4_PMGR_ResetTrafficSegmatation, {}, {}, isolated_ports, {0}, {0, 0, 0, 0});
