@@ -234,6 +234,8 @@ TEST_F(SwdrvPhyTest, DiagnosesCables)
     EXPECT_EQ(words(record), (Words{0x02020202, 0, 0, 0, 0, 50, 0}));
     EXPECT_EQ(DEV_SWDRV_PMGR_GetCableDiagResult(2, 3, &result), 1);
     EXPECT_EQ(words(result), (Words{0x02020202, 0, 0, 0, 0, 50}));
+    EXPECT_EQ(run({{write, 0, 0, 0x8000}}), 1);
+    EXPECT_EQ(DEV_SWDRV_PMGR_GetCableDiagResult(2, 3, &result), 1) << "also after a reset of the PHY";
     EXPECT_EQ(DEV_SWDRV_PMGR_GetCableDiag(2, 21, &record), 0) << "of a fibre";
     EXPECT_EQ(words(record), Words(7));
 }

@@ -265,7 +265,9 @@ void Phy::reset()
     settings_.set_speed_duplex(initial.speed_duplex());
     settings_.set_advertised(initial.capability());
     settings_.set_advertised_fault(initial.advertised_fault());
+    const auto last_diagnosis = state_.last_diagnosis;  // no register holds it
     state_ = {};
+    state_.last_diagnosis = last_diagnosis;
 }
 
 }  // namespace quillon::driver
