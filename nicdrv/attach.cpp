@@ -49,7 +49,7 @@ void DEV_NICDRV_OM_AttachSystemResources(void)
     }
 }
 
-// No process holds a fragment yet when one starts to receive.
+// The count is that of all processes: one that starts forgets what the others hold.
 uint8_t DEV_NICDRV_OM_InitateProcessResource(void)
 {
     if (!find_receive_buffers(__func__)) {

@@ -33,8 +33,8 @@ class CountersLock {
     CountersLock &operator=(const CountersLock &) = delete;
 };
 
-// Counters wrap. Other processes see the changes one by one and in the order of the code, as does whoever goes on when
-// a task has died between two of them.
+// Counters wrap. They are written one by one and in the order of the code, for whoever goes on when a task has died
+// between two of them.
 inline void increment(uint32_t &counter)
 {
     volatile uint32_t &shared = counter;

@@ -10,7 +10,7 @@
 namespace quillon::nicdrv {
 
 inline constexpr uint32_t shared_record_segment = 6;
-// Counters change only while it is held.
+// What is counted changes only while it is held, but for the fragments that a starting process forgets.
 inline constexpr uint32_t shared_record_semaphore_key = 17;
 
 inline constexpr uint32_t pools = 10;
@@ -31,7 +31,7 @@ struct CookieUsage {
 static_assert(sizeof(CookieUsage) == 24);
 
 struct NicShMem {
-    uint32_t operating_mode;  // an OperatingMode; the one field that changes without the semaphore
+    uint32_t operating_mode;  // an OperatingMode, which changes without the semaphore
     std::array<uint16_t, pools> cookie_pool;
     DriverBytes<20> driver1;
     std::array<uint32_t, pools> pool_held;

@@ -114,7 +114,7 @@ void DEV_NICDRV_OM_AttachSystemResources(void);
 
 /*
  * Attaches a process that receives packets: as DEV_NICDRV_OM_AttachSystemResources, with this function's name in the
- * printed line, and sets the number of buffers that are held as fragments to 0.
+ * printed line, and sets the number of buffers that are held as fragments to 0, those of other processes with them.
  *
  * Returns 1, and 0 when there is no area of receive buffers.
  */

@@ -1340,29 +1340,31 @@ uint8_t DEV_SWDRV_PMGR_SetOamAgingDaemonEnable(uint8_t oam_sel, uint8_t enable);
 uint8_t DEV_SWDRV_PMGR_SetOamAgingPeriodEntry(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint32_t param2);
 
 /*
- * Sets whether the OAM engine takes an entry's packets for signs of life. In the request `enable` stands before
- * `entry_index`.
+ * Sets whether the OAM engine takes the packets of a packet command, `entry_index`, for signs of life. In the request
+ * `enable` stands before `entry_index`.
  */
 uint8_t DEV_SWDRV_PMGR_SetOamKeepaliveForPacketCommandEnable(uint8_t oam_sel, uint32_t entry_index, uint8_t enable);
 
 /*
- * Sets the detection of an OAM exception.
+ * Sets the detection of an OAM exception. `entry_index` says which exception, in the driver process's numbering.
  */
 uint8_t DEV_SWDRV_PMGR_SetOamExceptionConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1, uint8_t enable);
 
 /*
- * Sets the recovery from an OAM exception.
+ * Sets the recovery from an OAM exception. `entry_index` says which exception, in the driver process's numbering.
  */
 uint8_t DEV_SWDRV_PMGR_SetOamExceptionRecoveryConfig(uint8_t oam_sel, uint32_t entry_index, uint32_t param1);
 
 /*
- * Stores the exceptions of a group of OAM entries in `*status`.
+ * Stores in `*status` the groups of OAM entries that have an exception. `entry_index` says which exception, in the
+ * driver process's numbering.
  */
 uint8_t DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index,
                                                   uint64_t *status);
 
 /*
- * Stores the exceptions of an OAM entry in `*status`.
+ * Stores in `*status` the OAM entries of a group that have an exception. `entry_index` says which exception, and `param1`
+ * which group, in the driver process's numbering.
  */
 uint8_t DEV_SWDRV_PMGR_GetOamExceptionStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
                                              uint32_t *status);
@@ -1378,8 +1380,8 @@ uint8_t DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(uint32_t mode);
 uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index, const TrunkHashCrcRecord *record);
 
 /*
- * Binds the calling task to OAM events (`operation` 1) or takes the binding back. `param1` and `param2` say which
- * events.
+ * Binds the caller to OAM events (`operation` 1), or takes back what it bound with the same `param1` and `param2`: which
+ * events, and a number that tells its bindings apart, both in the driver process's numbering.
  *
  * With `operation` 1 the handle of the binding is stored in `*event_handle`, unless `event_handle` is null. With any
  * other operation `event_handle` is not looked at.
