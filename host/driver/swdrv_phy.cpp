@@ -84,15 +84,13 @@ void add_port_settings(Dispatcher &dispatcher, SharedSwitch &model)
         dispatcher, model, Setting::port_control, [](PortType /*type*/, const swdrv::PortWord &request) {
             return value_if(request.value >= first_port_control && request.value <= last_port_control, request.value);
         });
-    keep_of_port<swdrv::SetPortMacAddr>(
-        dispatcher, model, Setting::port_mac_address,
-        [](PortType /*type*/, const swdrv::PortMac &request) -> std::optional<Words> {
-            constexpr uint8_t group = 1;
-            if ((request.mac[0] & group) != 0 || request.mac == decltype(request.mac){}) {
-                return std::nullopt;
-            }
-            return Words(request.mac.begin(), request.mac.end());
-        });
+    keep_of_port<swdrv::SetPortMacAddr>(dispatcher, model, Setting::port_mac_address,
+                                        [](PortType /*type*/, const swdrv::PortMac &request) -> std::optional<Words> {
+                                            if (!is_station(request.mac)) {
+                                                return std::nullopt;
+                                            }
+                                            return Words(request.mac.begin(), request.mac.end());
+                                        });
     keep<swdrv::SetPortEgressBlock>(
         dispatcher, model, Setting::egress_block,
         [](const Stack &stack, const swdrv::EgressBlock &request) -> std::optional<KeptRequest> {

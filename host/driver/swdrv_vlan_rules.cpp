@@ -92,7 +92,7 @@ void add_addresses(Dispatcher &dispatcher, SharedSwitch &model)
     dispatcher.on<swdrv::SetMacVlanEntry>([&model](const swdrv::MacVlan &request) {
         const auto access = model.lock();
         ChipState &chips = access->chips;
-        return !is_multicast(request.mac) && request.mac != MacAddress{} &&
+        return is_station(request.mac) &&
                chips.vlan_rules.macs.set(chips.vlans, request.mac, {.vlan = request.vid, .priority = request.value});
     });
     dispatcher.on<swdrv::DeleteMacVlanEntry>(

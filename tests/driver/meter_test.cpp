@@ -40,15 +40,15 @@ TEST(MeterTest, FillsTheCommittedBucketFirst)
         {1h, 300, yellow},     //
     };
     for (size_t i = 0; i < std::size(packets); ++i) {
-        EXPECT_EQ(meter.colour(packets[i].bytes, Meter::Time(1000h + packets[i].at)), packets[i].colour) << i;
+        EXPECT_EQ(meter.colour(packets[i].bytes, Time(1000h + packets[i].at)), packets[i].colour) << i;
     }
 }
 
 TEST(MeterTest, NeverFillsWithoutARate)
 {
     Meter meter({.committed_rate = 0, .committed_burst = 100, .excess_burst = 0});
-    EXPECT_EQ(meter.colour(100, Meter::Time(1h)), green);
-    EXPECT_EQ(meter.colour(1, Meter::Time(10000h)), red);
+    EXPECT_EQ(meter.colour(100, Time(1h)), green);
+    EXPECT_EQ(meter.colour(1, Time(10000h)), red);
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// Settings that decide about frames or hardware alone. No frame flows and there is no hardware, so that all there is to
-// them is that they are kept.
+// Settings that no frame here meets and that no hardware here has, so that all there is to them is that they are kept.
 #pragma once
 
 #include <stdint.h>

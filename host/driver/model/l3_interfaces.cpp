@@ -44,7 +44,7 @@ L3Interfaces::Created L3Interfaces::create(const Vlans &vlans, const VlanMac &wh
 void L3Interfaces::remove(uint32_t id)
 {
     if (const VlanMac *const where = interfaces_.key_of(id)) {
-        interfaces_.erase(VlanMac(*where));
+        interfaces_.erase(*where);
     }
 }
 

@@ -9,18 +9,12 @@
 #include <optional>
 #include <vector>
 
+#include "host/driver/model/mac_address.h"
 #include "host/driver/model/numbered_table.h"
 #include "host/driver/model/table_status.h"
-#include "host/driver/model/trunks.h"
 #include "host/driver/model/vlans.h"
 
 namespace quillon::driver {
-
-// An address that one station can have.
-constexpr bool is_station(const MacAddress &mac)
-{
-    return !is_multicast(mac) && mac != MacAddress{};
-}
 
 struct VlanMac {
     uint32_t vlan;

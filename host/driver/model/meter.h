@@ -5,8 +5,9 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#include <chrono>
 #include <optional>
+
+#include "host/driver/model/clock.h"
 
 namespace quillon::driver {
 
@@ -20,8 +21,6 @@ struct MeterRate {
 
 class Meter {
   public:
-    using Time = std::chrono::steady_clock::time_point;
-
     // Both bursts can be had at once.
     explicit Meter(const MeterRate &rate)
         : rate_(rate),

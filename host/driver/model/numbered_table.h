@@ -70,12 +70,12 @@ class NumberedTable {
 
     bool erase(const Key &key)
     {
-        const Entry *const entry = find(key);
-        if (entry == nullptr) {
+        const auto found = entries_.find(key);
+        if (found == entries_.end()) {
             return false;
         }
-        release(entry->number);
-        entries_.erase(key);
+        release(found->second.number);
+        entries_.erase(found);
         return true;
     }
 

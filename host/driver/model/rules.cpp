@@ -191,7 +191,7 @@ RuleCounter *Rules::counter(const RuleName &name)
     return rule == nullptr ? nullptr : &rule->counter;
 }
 
-Treatment Rules::Pcl::receive(const ParsedPacket &packet, Meter::Time now)
+Treatment Rules::Pcl::receive(const ParsedPacket &packet, Time now)
 {
     std::optional<Treatment> decided;
     const auto is_matched = [&](const Rule &rule) {
@@ -208,8 +208,7 @@ Treatment Rules::Pcl::receive(const ParsedPacket &packet, Meter::Time now)
     return decided.value_or(Treatment{.drop = deny});
 }
 
-Treatment Rules::receive(const Trunks &trunks, const LogicalPort &port, std::span<const std::byte> bytes,
-                         Meter::Time now)
+Treatment Rules::receive(const Trunks &trunks, const LogicalPort &port, std::span<const std::byte> bytes, Time now)
 {
     const ParsedPacket packet = parse_packet(bytes);
     const auto is_bound = [&](const Pcl &pcl) {

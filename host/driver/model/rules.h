@@ -99,7 +99,7 @@ class Rules {
     // Counts a packet that a port, one that exists, receives on all rules that match it. In each PCL the first of them
     // that has an action decides what becomes of it; rules of a larger priority come first, then those with smaller
     // numbers. Where PCLs differ, a packet that one of them drops is dropped.
-    Treatment receive(const Trunks &trunks, const LogicalPort &port, std::span<const std::byte> bytes, Meter::Time now);
+    Treatment receive(const Trunks &trunks, const LogicalPort &port, std::span<const std::byte> bytes, Time now);
 
   private:
     struct Rule {
@@ -117,7 +117,7 @@ class Rules {
         std::map<uint32_t, Rule> rules;
 
         bool is_bound_to(uint32_t port) const { return (ports & port_bit(port)) != 0; }
-        Treatment receive(const ParsedPacket &packet, Meter::Time now);
+        Treatment receive(const ParsedPacket &packet, Time now);
     };
 
     using Unit = std::map<uint32_t, Pcl>;
