@@ -11,6 +11,7 @@ import tempfile
 import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+SOURCE = os.path.dirname(os.path.dirname(HERE))
 build = None  # the build folder
 architecture = None  # as in /usr/lib/<architecture>
 PROGRAMS = ("port_type_c", "port_type_cpp")
@@ -68,6 +69,19 @@ class InstalledTest(unittest.TestCase):
         self.expect_answers(prefix, self.build_with_cmake(prefix))
         for file in [*glob.glob(self.path("usr/bin/*")), *glob.glob(self.libraries(prefix) + "/*.so")]:
             self.assertNotRegex(run("readelf", "--dynamic", file), r"\((RPATH|RUNPATH)\)", file)
+
+    def test_installs_the_library_alone_where_it_is_told(self):
+        alone = self.path("alone")
+        run("cmake", "-G", "Ninja", "-S", SOURCE, "-B", alone, "-DCMAKE_BUILD_TYPE=Release",
+            "-DCMAKE_INSTALL_LIBDIR=lib", "-DQUILLON_HOST=OFF", "-DQUILLON_TESTS=OFF", "-DQUILLON_BENCH=OFF")
+        run("cmake", "--build", alone)
+        prefix = self.path("usr")
+        run("cmake", "--install", alone, "--prefix", prefix)
+        self.assertTrue(os.path.exists(os.path.join(prefix, "lib", "libquillon.so.0")))
+        environment = {**os.environ, "PKG_CONFIG_PATH": os.path.join(prefix, "lib", "pkgconfig")}
+        flags = run("pkg-config", "--cflags", "--libs", "quillon", env=environment).split()
+        run("gcc", os.path.join(HERE, "port_type.c"), "-o", self.path("port_type_c"), *flags)
+        self.build_with_cmake(prefix)
 
     def test_packs_what_a_user_builds_and_runs_with(self):
         run("cpack", "--config", os.path.join(build, "CPackConfig.cmake"), "-B", self.path("packages"))
