@@ -52,7 +52,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-set(CPACK_COMPONENTS_ALL runtime development workstation)
+set(CPACK_COMPONENTS_ALL runtime development)
 if(CMAKE_CROSSCOMPILING AND CMAKE_SYSTEM_PROCESSOR STREQUAL aarch64)
   # cpack would take the architecture of the machine that it runs on.
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE arm64)
@@ -65,18 +65,21 @@ set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Client library of a switch's driver pro
  Asks the process that owns the switching chips, PHYs, buses and the PoE
  controller of an Ethernet switch, on behalf of all others.")
 
-set(CPACK_DEBIAN_WORKSTATION_PACKAGE_NAME quillon-workstation)
-set(CPACK_DEBIAN_WORKSTATION_PACKAGE_SECTION devel)
-set(CPACK_DEBIAN_WORKSTATION_PACKAGE_SHLIBDEPS ON)
-set(CPACK_COMPONENT_WORKSTATION_DESCRIPTION "Software driver process and platform for programs of a switch
- Runs programs that use libquillon without a switch: the platform functions on
- ordinary Linux, a software driver process, and tools.")
-
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libquillon-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libquillon0 (= ${PROJECT_VERSION}), quillon-workstation (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libquillon0 (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "Headers of the client library of a switch's driver process
  What programs that use libquillon are built with: C headers, pkg-config and
  CMake files.")
+
+if(QUILLON_HOST)
+  list(APPEND CPACK_COMPONENTS_ALL workstation)
+  string(APPEND CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ", quillon-workstation (= ${PROJECT_VERSION})")
+  set(CPACK_DEBIAN_WORKSTATION_PACKAGE_NAME quillon-workstation)
+  set(CPACK_DEBIAN_WORKSTATION_PACKAGE_SECTION devel)
+  set(CPACK_DEBIAN_WORKSTATION_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_COMPONENT_WORKSTATION_DESCRIPTION "Software driver process and platform for programs of a switch
+ Runs programs that use libquillon without a switch: the platform functions on
+ ordinary Linux, a software driver process, and tools.")
+endif()
 include(CPack)

@@ -54,6 +54,13 @@ class InstalledTest(unittest.TestCase):
         run("cmake", "--build", folder)
         return folder
 
+    def pack(self, folder, *names):
+        """The packages that are made of the build folder, which have these names."""
+        run("cpack", "--config", os.path.join(folder, "CPackConfig.cmake"), "-B", self.path("packages"))
+        packages = sorted(glob.glob(self.path("packages", "*.deb")))
+        self.assertEqual([os.path.basename(package).split("_")[0] for package in packages], [*names])
+        return packages
+
     def expect_answers(self, prefix, programs):
         """Each of the programs asks an installed driver process for the type of a port."""
         environment = {**os.environ, "LD_LIBRARY_PATH": self.libraries(prefix)}
@@ -82,12 +89,11 @@ class InstalledTest(unittest.TestCase):
         flags = run("pkg-config", "--cflags", "--libs", "quillon", env=environment).split()
         run("gcc", os.path.join(HERE, "port_type.c"), "-o", self.path("port_type_c"), *flags)
         self.build_with_cmake(prefix)
+        packages = self.pack(alone, "libquillon-dev", "libquillon0")
+        self.assertRegex(run("dpkg-deb", "--field", packages[0], "Depends"), r"^libquillon0 \(= [\d.]+\)\n$")
 
     def test_packs_what_a_user_builds_and_runs_with(self):
-        run("cpack", "--config", os.path.join(build, "CPackConfig.cmake"), "-B", self.path("packages"))
-        packages = glob.glob(self.path("packages", "*.deb"))
-        self.assertEqual(sorted(os.path.basename(package).split("_")[0] for package in packages),
-                         ["libquillon-dev", "libquillon0", "quillon-workstation"])
+        packages = self.pack(build, "libquillon-dev", "libquillon0", "quillon-workstation")
 
         # A root folder of its own, in which the machine's packages count as installed.
         root = self.path("root")
