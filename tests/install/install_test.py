@@ -38,6 +38,12 @@ class InstalledTest(unittest.TestCase):
     def path(self, *names):
         return os.path.join(self.folder, *names)
 
+    def write_program(self, name, script):
+        os.makedirs(self.path("bin"), exist_ok=True)
+        with open(self.path("bin", name), "w", encoding="ascii") as program:
+            program.write(f"#!/bin/sh\n{script}\n")
+        os.chmod(self.path("bin", name), 0o755)
+
     def libraries(self, prefix):
         return os.path.join(prefix, "lib", architecture)
 
@@ -104,11 +110,17 @@ class InstalledTest(unittest.TestCase):
         if os.path.exists("/var/lib/dpkg/arch"):
             shutil.copy("/var/lib/dpkg/arch", database)
         dpkg = ("dpkg", f"--root={root}", f"--log={self.path('log')}", "--force-not-root", "--force-script-chrootless")
+        # The packages' scripts run outside of it, and the machine's cache of libraries is not theirs to write.
+        self.write_program("ldconfig", f"echo $DPKG_MAINTSCRIPT_PACKAGE >>{self.path('ldconfig_calls')}")
+        environment = {**os.environ, "PATH": self.path("bin") + os.pathsep + os.environ["PATH"]}
         before = entries_below(root)
-        run(*dpkg, "--install", *packages)
+        run(*dpkg, "--install", *packages, env=environment)
         prefix = os.path.join(root, "usr")
         self.expect_answers(prefix, self.build_with_pkg_config(prefix))
-        run(*dpkg, "--purge", "libquillon-dev", "libquillon0", "quillon-workstation")
+        self.expect_answers(prefix, self.build_with_cmake(prefix))
+        run(*dpkg, "--purge", "libquillon-dev", "libquillon0", "quillon-workstation", env=environment)
+        with open(self.path("ldconfig_calls"), encoding="ascii") as calls:
+            self.assertEqual(set(calls.read().split()), {"libquillon0", "quillon-workstation"})
         after = [entry for entry in entries_below(root) if not entry.startswith("var/lib/dpkg")]
         self.assertEqual(after, [entry for entry in before if not entry.startswith("var/lib/dpkg")])
         self.assertFalse(os.path.exists(prefix))
