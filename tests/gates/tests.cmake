@@ -1,14 +1,16 @@
 # What is checked of the library and the headers as they are shipped.
 add_test(NAME gates_can_fail COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/gates/gates_test.py)
 
-foreach(header amtrdrv devrm nicdrv nmtrdrv platform receive record swdrv swdrvl3 swdrvl4 workstation)
+file(GLOB headers RELATIVE ${PROJECT_SOURCE_DIR}/include CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/quillon/*.h)
+foreach(path ${headers})
+  get_filename_component(header ${path} NAME_WE)
   add_test(NAME header_${header}_as_c99
     COMMAND ${Python3_EXECUTABLE} gates/check_header.py --compiler ${CMAKE_C_COMPILER} --dialect c99
-      --include ${PROJECT_SOURCE_DIR}/include quillon/${header}.h
+      --include ${PROJECT_SOURCE_DIR}/include ${path}
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
   add_test(NAME header_${header}_as_cxx11
     COMMAND ${Python3_EXECUTABLE} gates/check_header.py --compiler ${CMAKE_CXX_COMPILER} --dialect c++11
-      --include ${PROJECT_SOURCE_DIR}/include quillon/${header}.h
+      --include ${PROJECT_SOURCE_DIR}/include ${path}
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endforeach()
 
