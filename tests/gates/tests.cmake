@@ -20,6 +20,12 @@ if(NOT QUILLON_SANITIZE)
     COMMAND ${Python3_EXECUTABLE} gates/check_exports.py --library $<TARGET_FILE:quillon>
       --declared ${declared_functions} --list gates/exports.txt
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  if(QUILLON_HOST)
+    add_test(NAME platform_exports
+      COMMAND ${Python3_EXECUTABLE} gates/check_exports.py --library $<TARGET_FILE:quillon_platform>
+        --declared ${workstation_functions} --list gates/platform_exports.txt
+      WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
   add_test(NAME library_imports
     COMMAND ${Python3_EXECUTABLE} gates/check_imports.py --library $<TARGET_FILE:quillon>
       --platform ${platform_functions} $<$<CONFIG:Debug>:--debug>
