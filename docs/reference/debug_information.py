@@ -247,21 +247,30 @@ def record_of(die, prefix="", offset=0):
     return fields
 
 
-def read(library, names, record_names):
-    """The functions and records of these names in the library, by name."""
-    functions, records = {}, {}
-    with open(library, "rb") as file:
+def entries_of(binary):
+    """What stands at the top of the units of its debug information."""
+    with open(binary, "rb") as file:
         elf = ELFFile(file)
         if elf.get_section_by_name(".debug_info") is None:
-            sys.exit(f"{library} has no debug information: build the reference with the preset dev")
-        calls = calls_of(library)
+            sys.exit(f"{binary} has no debug information: build the reference with the preset dev")
         for unit in elf.get_dwarf_info().iter_CUs():
-            for die in unit.get_top_DIE().iter_children():
-                name = name_of(die)
-                if die.tag == "DW_TAG_subprogram" and name in names and "DW_AT_low_pc" in die.attributes:
-                    functions[name] = function_of(die, calls.get(name, set()), names)
-                elif die.tag == "DW_TAG_structure_type" and name in record_names:
-                    records[name] = record_of(die)
+            yield from unit.get_top_DIE().iter_children()
+
+
+def read(library, platform, names, record_names):
+    """The functions of these names in the library, and the records of these names in one of the two, by name."""
+    functions, records = {}, {}
+    calls = calls_of(library)
+    for die in entries_of(library):
+        name = name_of(die)
+        if die.tag == "DW_TAG_subprogram" and name in names and "DW_AT_low_pc" in die.attributes:
+            functions[name] = function_of(die, calls.get(name, set()), names)
+        elif die.tag == "DW_TAG_structure_type" and name in record_names:
+            records[name] = record_of(die)
+    for die in entries_of(platform):
+        name = name_of(die)
+        if die.tag == "DW_TAG_structure_type" and name in record_names - records.keys():
+            records[name] = record_of(die)
     missing = sorted(names - functions.keys()) + sorted(record_names - records.keys())
     if missing:
         sys.exit(f"The debug information of {library} lacks: {' '.join(missing)}")

@@ -1,10 +1,12 @@
 /*
- * A platform that takes what the library sends apart, and the means to call any of its functions.
+ * A platform that takes what the library sends apart, and the means to call any of its functions. Its debug information
+ * tells the records that the library does not have.
  */
 #include <stdint.h>
 #include <string.h>
 
 #include "quillon/platform.h"
+#include "quillon/receive.h"
 
 enum { MAX_MESSAGE = 16384, MAX_QUEUES = 16, STACK = 32768, SIZE_OFFSET = 10, HEADER = 16 };
 

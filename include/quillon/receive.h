@@ -28,7 +28,7 @@ extern "C" {
 
 /* How the IPC memory is divided: the area of the receive buffers, and behind it the transmit area. */
 #define QUILLON_RECEIVE_AREA_SIZE (8U << 20)
-#define QUILLON_TRANSMIT_AREA_SIZE (4U << 20)
+#define QUILLON_TRANSMIT_AREA_SIZE (4U << 20) /* the area to send from */
 
 /* A received packet, from its destination address on. It is on loan until its buffer is given back. */
 typedef struct QuillonReceivedPacket {
@@ -46,9 +46,10 @@ typedef struct QuillonReceivedPacket {
 
 /* The request: a code of the packet driver's family that is no function's. */
 #define QUILLON_RECEIVE_QUEUE 25U
-#define QUILLON_RECEIVE_MODULE 37U
-#define QUILLON_RECEIVE_CODE 256U
+#define QUILLON_RECEIVE_MODULE 37U /* its `cmd` */
+#define QUILLON_RECEIVE_CODE 256U  /* its `type` */
 
+/* Request and reply; the request ends before the packets. */
 typedef struct QuillonReceiveEnvelope {
     uint64_t msg_type;
     uint16_t cmd;

@@ -85,6 +85,16 @@ class ReferenceTest(unittest.TestCase):
                        if ">Request</dt>" not in self.members.get(name, "")]
         self.assertEqual(without, [])
 
+    def test_has_a_page_of_every_header(self):
+        headers = set(os.listdir(os.path.join(SOURCE, "include", "quillon"))) - {"record.h"}
+        pages = {name.replace("_8h.html", ".h")
+                 for name in os.listdir(os.path.join(build, "reference", "html")) if name.endswith("_8h.html")}
+        with open(os.path.join(build, "reference", "html", "index.html"), encoding="utf-8") as file:
+            table = file.read().split('<table class="markdownTable">')[1].split("</table>")[0]
+        listed = set(re.findall(r"\bquillon/(\w+\.h)", text_of(table)))
+        self.assertEqual(pages, headers)
+        self.assertEqual(listed, headers)
+
     def test_tells_the_place_of_each_field(self):
         for function, (queue, module, code, msg_size, reply_size, request, reply) in REQUESTS.items():
             with self.subTest(function):
