@@ -33,6 +33,8 @@ if(QUILLON_HOST)
   install(TARGETS quillon_driver quillon_run quillon_ctl RUNTIME COMPONENT workstation)
   install(FILES docs/man/quillon-ctl.1 docs/man/quillon-driver.1 docs/man/quillon-run.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT workstation)
+  install(FILES docs/driver.md docs/driver-encodings.md docs/driver-limits.md docs/platform.md
+    DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT workstation)
 endif()
 install(FILES docs/man/quillon.7 DESTINATION ${CMAKE_INSTALL_MANDIR}/man7 COMPONENT development)
 

@@ -80,6 +80,7 @@ class InstalledTest(unittest.TestCase):
         prefix = self.path("usr")
         self.expect_answers(prefix, self.build_with_pkg_config(prefix))
         self.expect_answers(prefix, self.build_with_cmake(prefix))
+        self.assertIn("driver-encodings.md", entries_below(os.path.join(prefix, "share/doc/quillon")))
         for file in [*glob.glob(self.path("usr/bin/*")), *glob.glob(self.libraries(prefix) + "/*.so")]:
             self.assertNotRegex(run("readelf", "--dynamic", file), r"\((RPATH|RUNPATH)\)", file)
 
