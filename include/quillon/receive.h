@@ -5,6 +5,13 @@
  * header is the way of quillon-driver, for programs that run with libquillon-platform.so.0. On the target there is
  * another one.
  *
+ *     #include <quillon/nicdrv.h>
+ *     #include <quillon/receive.h>
+ *
+ *     // Once a process, before its first buffer is given back: the queues, the counts and the receive buffers.
+ *     if (DEV_NICDRV_PMGR_InitiateProcessResource() != 1 || DEV_NICDRV_OM_InitateProcessResource() != 1)
+ *         return;
+ *
  *     QuillonReceivedPacket packets[QUILLON_RECEIVE_MOST];
  *     uint32_t count = 0;
  *     if (quillon_receive_packets(packets, QUILLON_RECEIVE_MOST, QUILLON_WAIT_FOREVER, &count) == QUILLON_STATUS_OK)
@@ -69,7 +76,8 @@ QUILLON_FIELD_OFFSET(QuillonReceiveEnvelope, packets, 32);
  * QUILLON_RECEIVE_MOST, and their number in `*count`. Waits up to `wait_time` milliseconds, or with
  * QUILLON_WAIT_FOREVER for ever, while there are none. Every packet goes to one caller, in whichever process: it is the
  * driver process that ends the wait, so that no packet is on its way to a caller that has gone on. For the driver
- * process itself it waits without limit, as every request does.
+ * process itself it waits without limit, as every request does. A `most` of 0 is refused with
+ * QUILLON_STATUS_BAD_ARGUMENT.
  *
  * Returns QUILLON_STATUS_OK, QUILLON_STATUS_TIMED_OUT when none came, or another status of platform.h. Then nothing is
  * stored.

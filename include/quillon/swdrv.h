@@ -1078,7 +1078,8 @@ uint8_t DEV_SWDRV_PMGR_GetLocalCrossBarDeviceId(uint32_t *device_id);
 void DEV_SWDRV_PMGR_VID_BREAK(void);
 
 /*
- * Makes one step of a walk over the switch chips: sends the id in `*chip_id` and replaces it with the next one.
+ * Makes one step of a walk over the switch chips: sends the id in `*chip_id` and replaces it with the next one. With
+ * which number a walk begins is the driver process's to say; with quillon-driver it is 0.
  *
  * Returns 0 when the driver process refused, as at the end of the walk; `*chip_id` is then replaced all the same. After
  * a failed exchange it is as it was.
@@ -1381,7 +1382,8 @@ uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index
 
 /*
  * Binds the caller to OAM events (`operation` 1), or takes back what it bound with the same `param1` and `param2`: which
- * events, and a number that tells its bindings apart, both in the driver process's numbering.
+ * events, and a number that tells its bindings apart, both in the driver process's numbering. With quillon-driver `param1`
+ * is an event, or 0 for all of them, and a caller is a process.
  *
  * With `operation` 1 the handle of the binding is stored in `*event_handle`, unless `event_handle` is null. With any
  * other operation `event_handle` is not looked at.
@@ -1389,9 +1391,14 @@ uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index
 uint8_t DEV_SWDRV_PMGR_EventBindUnbindOam(int8_t operation, uint32_t param1, uint32_t param2, uint64_t *event_handle);
 
 /*
- * Waits until the driver process has an OAM event for the caller. `event_handle` is the handle that
- * DEV_SWDRV_PMGR_EventBindUnbindOam gave. The number that `timeout` points to bounds the wait, in the driver process's
- * unit; with a null `timeout` it waits for ever.
+ * Waits until the driver process has an OAM event for the caller. `event` is the event that is waited for, in the
+ * driver process's numbering. `event_handle` is the handle that DEV_SWDRV_PMGR_EventBindUnbindOam gave. The number that
+ * `timeout` points to bounds the wait, in the driver process's unit; with a null `timeout` it waits for ever.
+ *
+ * With quillon-driver, `event` 0 stands for any event of the binding and `*timeout` is in milliseconds. It returns 1
+ * when an event has ended the wait, at once when one is kept from before. It returns 0 when the time-out has passed or
+ * the binding was taken back meanwhile, and at once when there is no such binding of this process or when it is not for
+ * the event. What came is not told: who wants to know which event it was waits for one at a time.
  *
  * The calling thread is held until the driver process answers, so this is called from a thread of its own; other
  * threads go on making requests meanwhile.
