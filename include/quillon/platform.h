@@ -29,7 +29,7 @@ extern "C" {
 #define QUILLON_STATUS_BAD_ARGUMENT UINT32_C(4)     /* a null pointer */
 #define QUILLON_STATUS_NO_DESCRIPTORS UINT32_C(5)   /* the hard limit on descriptors is reached; nothing was sent */
 #define QUILLON_STATUS_TOO_MANY_CALLS UINT32_C(6)   /* 1,024 calls of this process are under way; nothing was sent */
-#define QUILLON_STATUS_REFUSED_PEER UINT32_C(7)     /* the queue belongs to another user; nothing was sent */
+#define QUILLON_STATUS_REFUSED_PEER UINT32_C(7)     /* another user's queue, or another PID namespace's memory */
 #define QUILLON_STATUS_TIMED_OUT UINT32_C(8)        /* `wait_time` has passed; the request may still be executed */
 #define QUILLON_STATUS_MALFORMED_REPLY UINT32_C(9)  /* what came is no reply to the request; it was dropped */
 #define QUILLON_STATUS_NO_REPLY UINT32_C(10)        /* the driver process took the request and gives no reply to it */
@@ -138,7 +138,8 @@ uint32_t SYSFUN_GiveSem(uint32_t semaphore);
  *
  * On a workstation the receivers are tasks of the driver process. An event stays pending until it is fetched; sent
  * again before that, it is pending once. A task that is not there, or takes no events, is refused
- * (QUILLON_STATUS_NO_SUCH_TASK), or is gone with its driver process (QUILLON_STATUS_NO_DRIVER).
+ * (QUILLON_STATUS_NO_SUCH_TASK), or is gone with its driver process (QUILLON_STATUS_NO_DRIVER). When that was
+ * restarted, this call takes up its memory, as SYSRSC_MGR_GetShMem does.
  */
 uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events);
 
@@ -148,16 +149,18 @@ uint32_t SYSFUN_SendEvent(uint32_t task_id, uint32_t events);
  * The start of a segment, null when there is none of that id.
  *
  * On a workstation it is null also when there is no driver process. The address is this process's for good: after a
- * restart of the driver process its new memory, all zeros at first, takes the place of the old one there, at this
- * process's next call of this function or one of the semaphores', but never while a thread of it holds one. Nobody can
- * make the memory smaller while it is in use.
+ * restart of the driver process its new memory, all zeros at first, takes the place of the old one there. That happens
+ * in this process's next call of this function, SYSFUN_GetSem, SYSFUN_SendEvent or L_IPCMEM_GetRxBufStartAddress, and
+ * in one of SYSFUN_TakeSem, L_IPCMEM_GetOffset or L_IPCMEM_GetTxOffset that finds that the old one has not been heard
+ * of for 50 ms; but never while a thread of it holds a semaphore. Nobody can make the memory smaller while it is in
+ * use.
  */
 void *SYSRSC_MGR_GetShMem(uint32_t segment_id);
 
 /* ---- IPC memory ----
  * It holds packets: received ones in the area of the receive buffers, those to send in the transmit area.
- * Every process has it at addresses of its own, and refers to a place in it by an offset. On a workstation it is kept
- * over restarts of the driver process as segments are; what was in it is lost.
+ * Every process has it at addresses of its own, and refers to a place in it by an offset. On a workstation its address
+ * stays over restarts of the driver process as that of segments does; what was in it is lost.
  */
 
 /* What the two functions below return for an address that is in no such memory, on a workstation. */
