@@ -1364,8 +1364,8 @@ uint8_t DEV_SWDRV_PMGR_GetOamExceptionGroupStatus(uint32_t value, uint8_t oam_se
                                                   uint64_t *status);
 
 /*
- * Stores in `*status` the OAM entries of a group that have an exception. `entry_index` says which exception, and `param1`
- * which group, in the driver process's numbering.
+ * Stores in `*status` the OAM entries of a group that have an exception. `entry_index` says which exception, and
+ * `param1` which group, in the driver process's numbering.
  */
 uint8_t DEV_SWDRV_PMGR_GetOamExceptionStatus(uint32_t value, uint8_t oam_sel, uint32_t entry_index, uint32_t param1,
                                              uint32_t *status);
@@ -1381,9 +1381,9 @@ uint8_t DEV_SWDRV_PMGR_SetTrunkHashGlobalMode(uint32_t mode);
 uint8_t DEV_SWDRV_PMGR_SetTrunkHashCrcEntry(uint32_t value, uint32_t entry_index, const TrunkHashCrcRecord *record);
 
 /*
- * Binds the caller to OAM events (`operation` 1), or takes back what it bound with the same `param1` and `param2`: which
- * events, and a number that tells its bindings apart, both in the driver process's numbering. With quillon-driver `param1`
- * is an event, or 0 for all of them, and a caller is a process.
+ * Binds the caller to OAM events (`operation` 1), or takes back what it bound with the same `param1` and `param2`:
+ * which events, and a number that tells its bindings apart, both in the driver process's numbering. With quillon-driver
+ * `param1` is an event, or 0 for all of them, and a caller is a process.
  *
  * With `operation` 1 the handle of the binding is stored in `*event_handle`, unless `event_handle` is null. With any
  * other operation `event_handle` is not looked at.
