@@ -2,6 +2,8 @@
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
+#include <limits.h>
+#include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -77,14 +79,11 @@ void EventLog::write_limited(Level level, std::string_view event, LogFields dist
     const std::string identity = text_of(distinct);
     const std::string text = identity + text_of(fields);
     const std::lock_guard lock(mutex_);
-    if (!admit(std::string(event) + identity)) {
-        if (suppressed_++ == 0) {
-            eventfd_write(suppression_.number(), 1);
-        }
-        return;
+    if (admit(std::string(event) + identity)) {
+        write_line(level, event, text);
+    } else {
+        suppress();
     }
-    write_suppressed();
-    write_line(level, event, text);
 }
 
 bool EventLog::admit(const std::string &event)
@@ -106,29 +105,47 @@ void EventLog::report_suppressed()
     write_suppressed();
 }
 
+void EventLog::suppress()
+{
+    if (suppressed_++ == 0) {
+        eventfd_write(suppression_.number(), 1);
+    }
+}
+
 void EventLog::write_suppressed()
 {
-    if (suppressed_ == 0) {
+    if (suppressed_ == 0 || !print(Level::warning, "log-suppressed", fmt::format(" lines={}", suppressed_))) {
         return;
     }
     eventfd_t unused;
     eventfd_read(suppression_.number(), &unused);
-    write_line(Level::warning, "log-suppressed", fmt::format(" lines={}", suppressed_));
     suppressed_ = 0;
 }
 
+void EventLog::write_line(Level level, std::string_view event, std::string_view fields)
+{
+    write_suppressed();
+    if (suppressed_ != 0 || !print(level, event, fields)) {
+        suppress();
+    }
+}
+
 // One write a line, so that lines of several processes on one terminal do not mix. A log that cannot be written is no
-// reason to stop serving.
-void EventLog::write_line(Level level, std::string_view event, std::string_view fields) const
+// reason to stop serving: a pipe that nobody reads takes no line, and one of PIPE_BUF bytes as a whole or not at all.
+bool EventLog::print(Level level, std::string_view event, std::string_view fields) const
 {
     const auto now = std::chrono::system_clock::now();
     const auto milliseconds =
         std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
-    const std::string line =
+    std::string line =
         fmt::format("{:%Y-%m-%dT%H:%M:%S}.{:03}Z {} {}{}\n", fmt::gmtime(std::chrono::system_clock::to_time_t(now)),
                     milliseconds, level_names[static_cast<size_t>(level)], event, fields);
-    while (::write(descriptor_, line.data(), line.size()) < 0 && errno == EINTR) {
+    constexpr std::string_view cut = "...\n";
+    if (line.size() > PIPE_BUF) {
+        line.replace(PIPE_BUF - cut.size(), std::string::npos, cut);
     }
+    pollfd log = {.fd = descriptor_, .events = POLLOUT, .revents = 0};
+    return poll(&log, 1, 0) == 1 && (log.revents & POLLOUT) != 0 && ::write(descriptor_, line.data(), line.size()) >= 0;
 }
 
 }  // namespace quillon::driver

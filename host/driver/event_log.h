@@ -45,7 +45,8 @@ class EventLog {
 
     // For events that clients cause, as often as they like. An event whose `distinct` fields were not seen before is
     // always written, up to a number of different ones; of the others, a number a second. What is left out is counted,
-    // and the number written before the next line or by report_suppressed().
+    // as is any line that the descriptor does not take at once, and the number written before the next line or by
+    // report_suppressed().
     void write_limited(Level level, std::string_view event, LogFields distinct, LogFields fields);
 
     static constexpr size_t most_distinct = 256;
@@ -57,8 +58,10 @@ class EventLog {
 
   private:
     bool admit(const std::string &event);
-    void write_line(Level level, std::string_view event, std::string_view fields) const;
+    bool print(Level level, std::string_view event, std::string_view fields) const;
+    void write_line(Level level, std::string_view event, std::string_view fields);
     void write_suppressed();
+    void suppress();
 
     const int descriptor_;
     const Level least_;

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -17,8 +18,11 @@ namespace {
 
 using std::chrono::milliseconds;
 using test::lines_of;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::MatchesRegex;
+using testing::StartsWith;
 
 // A log with a clock that stands still until it is moved.
 class EventLogTest : public testing::Test {
@@ -46,6 +50,20 @@ class EventLogTest : public testing::Test {
             line.erase(0, line.find(' ') + 1);
         }
         return written;
+    }
+
+    // Whoever writes blocks from here on.
+    void fill_pipe() const
+    {
+        while (write(writing_.number(), "x", 1) == 1) {
+        }
+        EXPECT_EQ(fcntl(writing_.number(), F_SETFL, 0), 0);
+    }
+
+    void drain_pipe() const
+    {
+        for (std::string text(65536, '\0'); read(reading_.number(), text.data(), text.size()) > 0;) {
+        }
     }
 
     bool has_something_to_report()
@@ -106,6 +124,23 @@ TEST_F(EventLogTest, LeavesOutRepeatsAndCountsThem)
     pass(milliseconds(1));
     refuse(1, "a");
     EXPECT_THAT(lines(), ElementsAre("warning log-suppressed lines=2", "warning refused reason=a client=0"));
+}
+
+// Nobody serves while a line waits for whoever reads the log.
+TEST_F(EventLogTest, CountsWhatNobodyTakes)
+{
+    EventLog &log = this->log();
+    fill_pipe();
+    log.write(Level::info, "lost", {});
+    log.write_limited(Level::warning, "lost", {}, {});
+    log.report_suppressed();
+    EXPECT_TRUE(has_something_to_report());
+
+    drain_pipe();
+    log.write(Level::info, "long", {{"text", std::string(2 * PIPE_BUF, 'x')}});
+    EXPECT_THAT(lines(), ElementsAre("warning log-suppressed lines=2",
+                                     AllOf(StartsWith("info long text=xxx"), EndsWith("xxx..."))));
+    EXPECT_FALSE(has_something_to_report());
 }
 
 // Whoever makes up a new event each time fills neither the log nor the memory.
