@@ -158,16 +158,11 @@ bool limit_send(int descriptor, timeval wait)
     return setsockopt(descriptor, SOL_SOCKET, SO_SNDTIMEO, &wait, sizeof wait) == 0;
 }
 
-timeval at_least_a_moment(timespec time)
-{
-    return {.tv_sec = time.tv_sec, .tv_usec = time.tv_nsec / 1000 + 1};
-}
-
 uint32_t connect_socket(int descriptor, const sockaddr_un &address, const Deadline &deadline)
 {
     // A listener whose backlog is full holds connect() up, for as long as a send may take.
     do {
-        if (deadline.limited() && !limit_send(descriptor, at_least_a_moment(deadline.left()))) {
+        if (deadline.limited() && !limit_send(descriptor, rounded_up(deadline.left()))) {
             return QUILLON_STATUS_SYSTEM_ERROR;
         }
         if (connect(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0) {

@@ -2,6 +2,7 @@
 #ifndef QUILLON_HOST_PLATFORM_DEADLINE_H
 #define QUILLON_HOST_PLATFORM_DEADLINE_H
 
+#include <sys/time.h>
 #include <time.h>
 
 #include <cstdint>
@@ -9,6 +10,13 @@
 #include "quillon/platform.h"
 
 namespace quillon::host {
+
+// Never zero, which is no limit to the kernel.
+inline timeval rounded_up(timespec time)
+{
+    const long microseconds = time.tv_nsec / 1000 + 1;
+    return {.tv_sec = time.tv_sec + microseconds / 1'000'000, .tv_usec = microseconds % 1'000'000};
+}
 
 class Deadline {
   public:

@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "host/platform/deadline.h"
 #include "support.h"
 
 namespace quillon::test {
@@ -245,6 +246,16 @@ TEST(Exchange, RefusesWhatIsNoReply)
         const auto before = envelope.bytes;
         EXPECT_EQ(exchange(queue, envelope), QUILLON_STATUS_MALFORMED_REPLY) << one.what;
         EXPECT_EQ(envelope.bytes, before) << one.what;
+    }
+}
+
+// Fault: the kernel refuses a rest of a wait that has a million microseconds besides its seconds.
+TEST(Exchange, WaitsForAnyPartOfASecond)
+{
+    for (const long nanoseconds : {0L, 1L, 999'998'999L, 999'999'000L, 999'999'999L}) {
+        const timeval wait = host::rounded_up({.tv_sec = 7, .tv_nsec = nanoseconds});
+        EXPECT_LT(wait.tv_usec, 1'000'000) << nanoseconds;
+        EXPECT_EQ(wait.tv_sec * 1'000'000 + wait.tv_usec, 7'000'001 + nanoseconds / 1000);
     }
 }
 
