@@ -9,9 +9,9 @@
 namespace quillon::host {
 
 // What errno says, from any thread.
-inline std::string error_text()
+inline std::string error_text(int error = errno)
 {
-    return std::generic_category().message(errno);
+    return std::generic_category().message(error);
 }
 
 }  // namespace quillon::host

@@ -122,12 +122,13 @@ void QueueThread::accept_clients()
             accept_client(std::move(socket));
             continue;
         }
-        if (errno == EMFILE && raise_descriptor_limit()) {
+        const int error = errno;
+        if (error == EMFILE && raise_descriptor_limit()) {
             continue;
         }
-        if (errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM) {
-            stop_accepting();
-        } else if (errno == EAGAIN) {
+        if (error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM) {
+            stop_accepting(error);
+        } else if (error == EAGAIN) {
             starving_reported_ = false;  // all who waited are in
         }
         return;
@@ -153,10 +154,10 @@ void QueueThread::accept_client(Descriptor socket)
     }
 }
 
-void QueueThread::stop_accepting()
+void QueueThread::stop_accepting(int error)
 {
     if (!std::exchange(starving_reported_, true)) {
-        report(Incident::Kind::no_descriptors, 0, error_text());
+        report(Incident::Kind::no_descriptors, 0, error_text(error));
     }
     epoll_ctl(epoll_.number(), EPOLL_CTL_DEL, listener_.number(), nullptr);
     starving_ = true;

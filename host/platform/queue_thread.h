@@ -38,7 +38,7 @@ class QueueThread {
     size_t wait(std::span<epoll_event> events);
     void accept_clients();
     void accept_client(Descriptor socket);
-    void stop_accepting();
+    void stop_accepting(int error);
     void resume_accepting();
     void serve(ClientConnection &client);
     void serve_packet(ClientConnection &client, size_t size);
