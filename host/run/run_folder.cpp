@@ -6,13 +6,15 @@
 #include <filesystem>
 #include <system_error>
 
+#include "host/platform/runtime_path.h"
+
 namespace quillon::run {
 namespace {
 
 bool make_in(const std::string &parent, std::string &path)
 {
     path = parent + "/quillon-run.XXXXXX";
-    return mkdtemp(path.data()) != nullptr;
+    return path.size() <= host::kLongestRuntimePath && mkdtemp(path.data()) != nullptr;
 }
 
 }  // namespace

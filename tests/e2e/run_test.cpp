@@ -11,6 +11,7 @@
 #include "e2e/support/driver_process.h"
 #include "e2e/support/observe.h"
 #include "e2e/support/terminal.h"
+#include "host/platform/runtime_path.h"
 
 namespace quillon::test {
 namespace {
@@ -98,6 +99,17 @@ TEST_F(RunTest, PassesOptionsOnAndDoesWithoutAUserFolder)
                    {"--units=3", "--ports", "9", "--chips=4", "--log-level=error"}));
     EXPECT_THAT(ended.out, StartsWith("/tmp/quillon-run."));
     EXPECT_THAT(ended.out, HasSubstr("quillon-driver --units=3 --ports=9 --chips=4 --log-level=error "));
+}
+
+// A socket's address has no room for one.
+TEST_F(RunTest, DoesWithoutAUserFolderOfALongPath)
+{
+    const std::string path = folder.path() + "/" + std::string(host::kLongestRuntimePath, 'x');
+    ASSERT_EQ(mkdir(path.c_str(), 0700), 0);
+    environment["XDG_RUNTIME_DIR"] = path;
+    const Ended ended = run(script("echo $QUILLON_RUNTIME_DIR"));
+    EXPECT_THAT(ended.out, StartsWith("/tmp/quillon-run."));
+    EXPECT_EQ(ended.err, "");
 }
 
 // What COMMAND leaves behind, in its process group or in a session of its own.
