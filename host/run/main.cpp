@@ -50,14 +50,16 @@ int wait_for(pid_t supervisor, const host::Descriptor &signals)
 
 int run(const Options &options)
 {
-    const RunFolder folder;
-    setenv("QUILLON_RUNTIME_DIR", folder.path().c_str(), 1);
-
     signal(SIGCHLD, SIG_DFL);  // ignored, children would vanish before they are waited for
     sigset_t watched = signal_set(forwarded_signals);
     sigaddset(&watched, SIGCHLD);
     sigset_t mask;
     sigprocmask(SIG_BLOCK, &watched, &mask);
+
+    // Not before: a signal that ends this process would leave the folder behind.
+    const RunFolder folder;
+    setenv("QUILLON_RUNTIME_DIR", folder.path().c_str(), 1);
+
     const host::Descriptor signals(signalfd(-1, &watched, SFD_CLOEXEC));
     int ends[2];
     if (!signals || pipe2(ends, O_CLOEXEC) != 0) {
