@@ -8,6 +8,7 @@
 #include <stdlib.h>
 #include <string.h>
 #include <sys/signalfd.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -28,15 +29,25 @@ std::system_error failure(const char *what)
     return {errno, std::generic_category(), what};
 }
 
+// Whether COMMAND has not got the signal itself, as it has what a terminal sends, and what a process of COMMAND's sends
+// to the process group that it shares with this one.
+bool is_to_be_passed_on(const signalfd_siginfo &signal)
+{
+    const auto sender = static_cast<pid_t>(signal.ssi_pid);
+    const bool sent_by_process = signal.ssi_code <= 0;
+    return sent_by_process && !(getpgid(sender) == getpgrp() && is_descendant(sender));
+}
+
 // Passes signals on until the supervisor has ended. Returns the exit status.
-int wait_for(pid_t supervisor, const host::Descriptor &signals)
+int wait_for(pid_t supervisor, const host::Descriptor &to_supervisor, const host::Descriptor &signals)
 {
     int wait_status;
     while (waitpid(supervisor, &wait_status, WNOHANG) == 0) {
         signalfd_siginfo signal;
         if (read(signals.number(), &signal, sizeof signal) == sizeof signal && signal.ssi_signo != SIGCHLD &&
-            was_sent_by_process(signal)) {
-            kill(supervisor, static_cast<int>(signal.ssi_signo));
+            is_to_be_passed_on(signal)) {
+            const auto number = static_cast<unsigned char>(signal.ssi_signo);
+            send(to_supervisor.number(), &number, sizeof number, MSG_NOSIGNAL | MSG_DONTWAIT);
         }
     }
     if (WIFEXITED(wait_status)) {
@@ -62,11 +73,11 @@ int run(const Options &options)
 
     const host::Descriptor signals(signalfd(-1, &watched, SFD_CLOEXEC));
     int ends[2];
-    if (!signals || pipe2(ends, O_CLOEXEC) != 0) {
+    if (!signals || socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) {
         throw failure("cannot watch COMMAND");
     }
-    const host::Descriptor front_seen(ends[0]);
-    host::Descriptor front(ends[1]);
+    const host::Descriptor front(ends[0]);
+    host::Descriptor to_supervisor(ends[1]);
 
     adopt_orphans();
     const pid_t supervisor = fork();
@@ -74,12 +85,12 @@ int run(const Options &options)
         throw failure("cannot start a process");
     }
     if (supervisor == 0) {
-        front.reset();
-        const int status = Supervisor(options, front_seen, signals, mask).run();
+        to_supervisor.reset();
+        const int status = Supervisor(options, front, signals, mask).run();
         folder.remove();
         _exit(status);
     }
-    return wait_for(supervisor, signals);
+    return wait_for(supervisor, to_supervisor, signals);
 }
 
 }  // namespace

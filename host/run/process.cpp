@@ -101,6 +101,14 @@ void adopt_orphans()
     prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 
+bool is_descendant(pid_t process)
+{
+    do {
+        process = parent_of(fmt::format("/proc/{}", process));
+    } while (process != 0 && process != getpid());
+    return process != 0;
+}
+
 // A killed child leaves its own children to this process: they are found in the next round.
 void kill_descendants(pid_t spared)
 {

@@ -26,6 +26,9 @@ std::string describe_end(int wait_status);
 // In a child process: dies with its parent, of which it was `parent` that forked it.
 void die_with(pid_t parent);
 
+// Whether this process, or one that it has started, started `process`.
+bool is_descendant(pid_t process);
+
 // Orphaned descendants become this process's children instead of init's.
 void adopt_orphans();
 

@@ -7,6 +7,7 @@
 #include <stdlib.h>
 #include <string.h>
 #include <sys/signalfd.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,11 +30,6 @@ void say(const std::string &text)
 }
 
 }  // namespace
-
-bool was_sent_by_process(const signalfd_siginfo &signal)
-{
-    return signal.ssi_code <= 0;
-}
 
 Supervisor::Supervisor(const Options &options, const host::Descriptor &front, const host::Descriptor &signals,
                        const sigset_t &mask)
@@ -74,11 +70,10 @@ void Supervisor::watch()
     if (sources[2].revents != 0) {
         hear_driver();
     }
-    if (sources[1].revents != 0) {
-        status_ = exit_failed;  // quillon-run was killed; nobody asks for it
-        return;
+    if (!done() && sources[1].revents != 0) {
+        hear_front();
     }
-    if (sources[0].revents != 0) {
+    if (!done() && sources[0].revents != 0) {
         take_signal();
     }
 }
@@ -170,19 +165,36 @@ void Supervisor::start_command()
     }
 }
 
+void Supervisor::hear_front()
+{
+    unsigned char signal;
+    if (recv(front_.number(), &signal, sizeof signal, 0) == sizeof signal) {
+        pass_on(signal);
+    } else {
+        status_ = exit_failed;  // quillon-run was killed; nobody asks for it
+    }
+}
+
+void Supervisor::pass_on(int signal)
+{
+    if (command_ == 0) {
+        status_ = exit_signal_base + signal;
+    } else {
+        kill(command_, signal);
+    }
+}
+
+// What is sent to all of quillon-run's processes COMMAND has got as well, or quillon-run passes it on.
 void Supervisor::take_signal()
 {
     signalfd_siginfo signal;
     if (read(signals_.number(), &signal, sizeof signal) != sizeof signal) {
         return;
     }
-    const int number = static_cast<int>(signal.ssi_signo);
-    if (number == SIGCHLD) {
+    if (signal.ssi_signo == SIGCHLD) {
         reap();
     } else if (command_ == 0) {
-        status_ = exit_signal_base + number;
-    } else if (was_sent_by_process(signal)) {
-        kill(command_, number);
+        pass_on(static_cast<int>(signal.ssi_signo));
     }
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <signal.h>
-#include <sys/signalfd.h>
 #include <sys/types.h>
 
 #include <initializer_list>
@@ -15,14 +14,11 @@ namespace quillon::run {
 // What reaches quillon-run and is COMMAND's to answer. A terminal sends SIGINT, SIGQUIT and SIGHUP to COMMAND itself.
 inline constexpr std::initializer_list<int> forwarded_signals = {SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGUSR1, SIGUSR2};
 
-// Whether somebody sent the signal to this process alone, so that COMMAND has not got it.
-bool was_sent_by_process(const signalfd_siginfo &signal);
-
 // Runs in a process of its own, so that whichever of it and quillon-run is killed, the other cleans up.
 class Supervisor {
   public:
-    // Ends with the other end of `front`, which quillon-run holds. `signals` is a signalfd of SIGCHLD and the forwarded
-    // ones; `mask` is what the programs started get.
+    // Ends with the other end of `front`, on which quillon-run passes signals on, a packet of one byte each. `signals`
+    // is a signalfd of SIGCHLD and the forwarded ones; `mask` is what the programs started get.
     Supervisor(const Options &options, const host::Descriptor &front, const host::Descriptor &signals,
                const sigset_t &mask);
 
@@ -35,7 +31,9 @@ class Supervisor {
     void driver_is_late();
     void driver_ended(int wait_status);
     void start_command();
+    void hear_front();
     void take_signal();
+    void pass_on(int signal);
     void reap();
     void watch();
     void end_driver();

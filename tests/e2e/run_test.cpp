@@ -165,6 +165,21 @@ TEST_F(RunTest, PassesSignalsOn)
     }
 }
 
+// Those who pass signals on get it as well.
+TEST_F(RunTest, LeavesASignalToTheProcessGroupToCommand)
+{
+    auto command = script(
+        "trap 'echo hangup' HUP; trap 'echo end; exit 9' TERM; kill -HUP 0; echo sent;"
+        "sleep 1000 & while :; do wait; done");
+    command.insert(command.begin(), "setsid");  // in a process group without the test
+    Child run(command, environment);
+    EXPECT_EQ(run.out().line(), "hangup");
+    EXPECT_EQ(run.out().line(), "sent");
+    run.signal(SIGTERM);  // passed on behind all that was before
+    EXPECT_EQ(run.out().line(), "end");
+    EXPECT_EQ(run.wait(), 9);
+}
+
 // A terminal interrupts all of its foreground processes: COMMAND decides, and has its driver process until it ends.
 TEST_F(RunTest, LeavesAnInterruptFromTheTerminalToCommand)
 {
