@@ -11,8 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 #include "host/run/process.h"
@@ -20,13 +19,20 @@
 namespace quillon::run {
 namespace {
 
-constexpr int most_start_milliseconds = 10'000;
+constexpr std::chrono::seconds longest_start{10};
 constexpr int most_failed_starts = 5;  // in a row
 constexpr std::chrono::milliseconds grace_of_driver{2000};
 
 void say(const std::string &text)
 {
     fmt::print(stderr, "quillon-run: {}\n", text);
+}
+
+// For poll(); 0 when it has passed.
+int milliseconds_until(std::chrono::steady_clock::time_point time)
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(time - std::chrono::steady_clock::now());
+    return std::max(static_cast<int>(left.count()), 0);
 }
 
 }  // namespace
@@ -59,12 +65,7 @@ void Supervisor::watch()
     pollfd sources[] = {{.fd = signals_.number(), .events = POLLIN, .revents = 0},
                         {.fd = front_.number(), .events = POLLIN, .revents = 0},
                         {.fd = ready_.number(), .events = POLLIN, .revents = 0}};
-    const bool starting = driver_ != 0 && !serving_;
-    const int events = poll(sources, 3, starting ? most_start_milliseconds : -1);
-    if (events == 0) {
-        driver_is_late();
-    }
-    if (events <= 0) {
+    if (poll(sources, 3, ready_by_ ? milliseconds_until(*ready_by_) : -1) < 0) {
         return;
     }
     if (sources[2].revents != 0) {
@@ -75,6 +76,9 @@ void Supervisor::watch()
     }
     if (!done() && sources[0].revents != 0) {
         take_signal();
+    }
+    if (!done() && ready_by_ && Clock::now() >= *ready_by_) {
+        driver_is_late();
     }
 }
 
@@ -103,6 +107,7 @@ bool Supervisor::start_driver()
         command.push_back(fmt::format("--ready-fd={}", ready_end.number()));
         become(command, mask_);
     }
+    ready_by_ = Clock::now() + longest_start;
     return true;
 }
 
@@ -115,6 +120,7 @@ void Supervisor::hear_driver()
     if (!serving_) {
         return;
     }
+    ready_by_.reset();
     failed_starts_ = 0;
     if (command_ == 0) {
         start_command();
@@ -123,7 +129,8 @@ void Supervisor::hear_driver()
 
 void Supervisor::driver_is_late()
 {
-    say(fmt::format("{} is not ready after {} seconds", options_.driver[0], most_start_milliseconds / 1000));
+    ready_by_.reset();
+    say(fmt::format("{} is not ready after {} seconds", options_.driver[0], longest_start.count()));
     if (command_ == 0) {
         status_ = exit_failed;
     } else {
@@ -135,18 +142,23 @@ void Supervisor::driver_ended(int wait_status)
 {
     const bool was_serving = std::exchange(serving_, false);
     ready_.reset();
-    if (command_ == 0 && WIFEXITED(wait_status) && WEXITSTATUS(wait_status) != 0) {
-        // It has said why itself.
-        status_ = WEXITSTATUS(wait_status) == exit_bad_usage ? exit_bad_usage : exit_failed;
-    } else if (command_ == 0) {
-        say(fmt::format("the driver process {} before it was ready", describe_end(wait_status)));
-        status_ = exit_failed;
-    } else if (was_serving || ++failed_starts_ < most_failed_starts) {
-        say(fmt::format("the driver process {}; starting it again", describe_end(wait_status)));
-        start_driver();
-    } else {
-        say("the driver process does not start again; requests fail from here on");
+    ready_by_.reset();
+    if (command_ == 0) {
+        const int status = shell_status(wait_status);
+        const bool has_said_why = status == exit_bad_usage || status == exit_cannot_execute || status == exit_not_found;
+        if (!has_said_why) {
+            say(fmt::format("the driver process {} before it was ready", describe_end(wait_status)));
+        }
+        status_ = status == exit_bad_usage ? exit_bad_usage : exit_failed;
+        return;
     }
+    if (was_serving || ++failed_starts_ < most_failed_starts) {
+        say(fmt::format("the driver process {}; starting it again", describe_end(wait_status)));
+        if (start_driver()) {
+            return;
+        }
+    }
+    say("the driver process does not start again; requests fail from here on");
 }
 
 void Supervisor::start_command()
@@ -223,12 +235,11 @@ void Supervisor::end_driver()
     }
     kill(driver_, SIGTERM);
     kill(driver_, SIGCONT);
-    using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + grace_of_driver;
     while (waitpid(driver_, nullptr, WNOHANG) == 0) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+        const int left = milliseconds_until(deadline);
         pollfd source = {.fd = signals_.number(), .events = POLLIN, .revents = 0};
-        if (left <= 0 || poll(&source, 1, static_cast<int>(left)) == 0) {
+        if (left == 0 || poll(&source, 1, left) == 0) {
             return;
         }
         signalfd_siginfo signal;

@@ -4,7 +4,9 @@
 #include <signal.h>
 #include <sys/types.h>
 
+#include <chrono>
 #include <initializer_list>
+#include <optional>
 
 #include "host/platform/descriptor.h"
 #include "host/run/options.h"
@@ -22,10 +24,12 @@ class Supervisor {
     Supervisor(const Options &options, const host::Descriptor &front, const host::Descriptor &signals,
                const sigset_t &mask);
 
-    // Returns the exit status of quillon-run. All processes are gone then.
+    // Returns the exit status of quillon-run. All processes are gone then but those of other users.
     int run();
 
   private:
+    using Clock = std::chrono::steady_clock;
+
     bool start_driver();
     void hear_driver();
     void driver_is_late();
@@ -45,12 +49,13 @@ class Supervisor {
     const host::Descriptor &signals_;
     const sigset_t mask_;
 
-    pid_t driver_ = 0;        // 0 while there is none
-    host::Descriptor ready_;  // what a driver process that starts has the other end of
-    bool serving_ = false;    // it has been ready
-    int failed_starts_ = 0;   // since it was ready last
-    pid_t command_ = 0;       // 0 while there is none
-    int status_ = -1;         // the exit status, once it is known
+    pid_t driver_ = 0;                           // 0 while there is none
+    host::Descriptor ready_;                     // what a driver process that starts has the other end of
+    bool serving_ = false;                       // it has been ready
+    std::optional<Clock::time_point> ready_by_;  // while it starts
+    int failed_starts_ = 0;                      // since it was ready last
+    pid_t command_ = 0;                          // 0 while there is none
+    int status_ = -1;                            // the exit status, once it is known
 };
 
 }  // namespace quillon::run

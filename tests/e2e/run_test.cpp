@@ -65,6 +65,8 @@ TEST_F(RunTest, PassesTheExitStatusOn)
          "quillon-run: cannot run " + no_program + ": No such file or directory\n"},
         {script("true", {"--driver", "/bin/true"}), 1,
          "quillon-run: the driver process ended with exit status 0 before it was ready\n"},
+        {script("true", {"--driver", "/bin/false"}), 1,
+         "quillon-run: the driver process ended with exit status 1 before it was ready\n"},
         {script("true", {"--units", "0"}), 2, "quillon-driver: --units: Value 0 not in range 1 to 32 (see --help)\n"},
         {run_command({}), 2, "quillon-run: -- COMMAND is required (see --help)\n"},
         {run_command({"--"}), 2, "quillon-run: -- COMMAND is required (see --help)\n"},
