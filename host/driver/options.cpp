@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <stdio.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <string>
@@ -16,8 +17,10 @@ constexpr int bad_usage = 2;
 std::string open_descriptor(const std::string &text)
 {
     int descriptor;
-    const bool open = CLI::detail::lexical_cast(text, descriptor) && fcntl(descriptor, F_GETFD) >= 0;
-    return open ? std::string() : "'" + text + "' is not an open descriptor";
+    if (!CLI::detail::lexical_cast(text, descriptor) || fcntl(descriptor, F_GETFD) < 0) {
+        return "'" + text + "' is not an open descriptor";
+    }
+    return descriptor == STDERR_FILENO ? "'" + text + "' is the log's descriptor" : std::string();
 }
 
 }  // namespace

@@ -37,6 +37,7 @@ TEST(DriverOptions, BadOnesGetOneClearLine)
         {{"--ports"}, "--ports"},
         {{"--log-level", "loud"}, "--log-level: loud not in {debug,info,warning,error}"},
         {{"--ready-fd", "99"}, "--ready-fd: '99' is not an open descriptor"},
+        {{"--ready-fd", "2"}, "--ready-fd: '2' is the log's descriptor"},
         {{"--prots", "28"}, "--prots"},
         {{"28"}, "28"},
     };
