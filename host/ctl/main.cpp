@@ -1,5 +1,6 @@
 // quillon-ctl: tells the driver process of the run-time folder what happens to its switch.
 #include <fmt/format.h>
+#include <stdio.h>
 #include <stdlib.h>
 #include <sys/socket.h>
 
@@ -64,6 +65,9 @@ int run(const std::vector<std::string> &words)
     const Answer answer = ask(words);
     if (answer.outcome == Outcome::done) {
         fmt::print("{}", answer.text);
+        if (fflush(stdout) != 0) {
+            throw std::runtime_error("cannot write the answer: " + host::error_text());
+        }
         return EXIT_SUCCESS;
     }
     fmt::print(stderr, "quillon-ctl: {}\n", answer.text);

@@ -109,10 +109,12 @@ void ControlServer::answer(const host::Descriptor &client) const
     }
     const bool whole = static_cast<size_t>(size) <= packet.size();
     const auto words = words_of(std::string_view(packet).substr(0, whole ? static_cast<size_t>(size) : 0));
-    const control::Answer answer =
+    control::Answer answer =
         whole ? commands_.run(words) : control::Answer{control::Outcome::refused, "the command is too long"};
-
-    const std::string reply = static_cast<char>(answer.outcome) + answer.text.substr(0, control::longest_packet - 1);
+    if (answer.text.size() >= control::longest_packet) {
+        answer = {control::Outcome::refused, words[0] + ": was done, but its answer is too long"};
+    }
+    const std::string reply = static_cast<char>(answer.outcome) + answer.text;
     // Whoever asked may be gone.
     send(client.number(), reply.data(), reply.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
 }

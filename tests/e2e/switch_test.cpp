@@ -247,6 +247,8 @@ TEST_F(ControlTest, SaysWhatIsWrong)
 
 TEST_F(ControlTest, SaysWhatIsNoCommand)
 {
+    std::vector<std::string> long_answer(8000, "1.1.1.1");
+    long_answer.insert(long_answer.begin(), {"forward", "1"});
     const TestFolder empty;
     const struct {
         std::string folder;
@@ -258,6 +260,7 @@ TEST_F(ControlTest, SaysWhatIsNoCommand)
         {runtime_folder(), {"cable", "1", "1", "pull", "x"}, 2, "usage: quillon-ctl cable UNIT PORT pull|plug\n"},
         {runtime_folder(), {"cables"}, 2, "no command 'cables' (see quillon-ctl help)\n"},
         {runtime_folder(), {std::string(control::longest_packet, 'x')}, 1, "the command is too long\n"},
+        {runtime_folder(), long_answer, 1, "forward: was done, but its answer is too long\n"},
         {runtime_folder(), {}, 2, "COMMAND is required (see --help)\n"},
         {empty.path(), {"help"}, 1, "no driver process in '" + empty.path() + "': "},
     };
