@@ -13,6 +13,7 @@
 #include "host/control_protocol.h"
 #include "host/platform/descriptor.h"
 #include "host/platform/error_text.h"
+#include "host/platform/peer.h"
 #include "host/platform/runtime_path.h"
 
 namespace quillon::control {
@@ -50,6 +51,9 @@ Answer ask(const std::vector<std::string> &words)
     const host::Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
     if (!socket || connect(socket.number(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0) {
         throw std::runtime_error(fmt::format("no driver process in '{}': {}", path, host::error_text()));
+    }
+    if (!host::is_of_same_user(socket.number())) {
+        throw std::runtime_error(fmt::format("the driver process in '{}' is another user's", path));
     }
     std::string reply(longest_packet, '\0');
     const bool sent = send(socket.number(), packet.data(), packet.size(), MSG_NOSIGNAL) >= 0;

@@ -11,6 +11,7 @@
 
 #include "host/control_protocol.h"
 #include "host/platform/listening_socket.h"
+#include "host/platform/peer.h"
 #include "host/platform/runtime_path.h"
 
 namespace quillon::driver {
@@ -27,13 +28,6 @@ host::Descriptor control_socket(const std::string &folder)
         throw std::system_error(errno, std::generic_category(), "cannot create control.sock");
     }
     return socket;
-}
-
-bool is_same_user(int socket)
-{
-    ucred peer;
-    socklen_t size = sizeof peer;
-    return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == geteuid();
 }
 
 std::vector<std::string> words_of(std::string_view packet)
@@ -93,7 +87,7 @@ void ControlServer::run()
         }
         if (watched.back().fd == listener_.number() && watched.back().revents != 0) {
             host::Descriptor client(accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-            if (client && is_same_user(client.number())) {
+            if (client && host::is_of_same_user(client.number())) {
                 clients.push_back(std::move(client));
             }
         }
