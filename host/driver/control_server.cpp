@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/control_protocol.h"
+#include "host/platform/descriptor_limit.h"
 #include "host/platform/listening_socket.h"
 #include "host/platform/peer.h"
 #include "host/platform/runtime_path.h"
@@ -17,8 +18,9 @@
 namespace quillon::driver {
 namespace {
 
-// More can connect; they are accepted when others are done.
-constexpr size_t most_clients = 16;
+// For one more, that one gives way that has said nothing for the longest time.
+constexpr size_t most_silent_clients = 16;
+constexpr int accept_again_after_milliseconds = 100;
 
 host::Descriptor control_socket(const std::string &folder)
 {
@@ -64,34 +66,49 @@ ControlServer::~ControlServer()
 
 void ControlServer::run()
 {
-    std::vector<host::Descriptor> clients;
+    std::vector<host::Descriptor> clients;  // the oldest first
+    bool starving = false;                  // descriptors are short: clients wait in the backlog
     for (;;) {
-        std::vector<pollfd> watched = {{.fd = stop_.number(), .events = POLLIN, .revents = 0}};
+        std::vector<pollfd> watched;
         for (const host::Descriptor &client : clients) {
             watched.push_back({.fd = client.number(), .events = POLLIN, .revents = 0});
         }
-        if (clients.size() < most_clients) {
-            watched.push_back({.fd = listener_.number(), .events = POLLIN, .revents = 0});
-        }
-        if (poll(watched.data(), watched.size(), -1) < 0) {
+        watched.push_back({.fd = stop_.number(), .events = POLLIN, .revents = 0});
+        watched.push_back({.fd = starving ? -1 : listener_.number(), .events = POLLIN, .revents = 0});
+        if (poll(watched.data(), watched.size(), starving ? accept_again_after_milliseconds : -1) < 0) {
             continue;
         }
-        if (watched[0].revents != 0) {
+        const bool stopped = watched.end()[-2].revents != 0;
+        const bool connected = watched.back().revents != 0;
+        if (stopped) {
             return;
         }
         for (size_t i = clients.size(); i > 0; --i) {
-            if (watched[i].revents != 0) {
+            if (watched[i - 1].revents != 0) {
                 answer(clients[i - 1]);
                 clients.erase(clients.begin() + static_cast<ptrdiff_t>(i - 1));
             }
         }
-        if (watched.back().fd == listener_.number() && watched.back().revents != 0) {
-            host::Descriptor client(accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-            if (client && host::is_of_same_user(client.number())) {
-                clients.push_back(std::move(client));
-            }
-        }
+        starving = connected && !accept_client(clients);
     }
+}
+
+// False when there is no descriptor for it.
+bool ControlServer::accept_client(std::vector<host::Descriptor> &clients) const
+{
+    host::Descriptor client(accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (!client) {
+        return errno == EMFILE && host::raise_descriptor_limit();
+    }
+    if (!host::is_of_same_user(client.number())) {
+        return true;
+    }
+    if (clients.size() == most_silent_clients) {
+        answer(clients.front());  // it may have spoken by now
+        clients.erase(clients.begin());
+    }
+    clients.push_back(std::move(client));
+    return true;
 }
 
 void ControlServer::answer(const host::Descriptor &client) const

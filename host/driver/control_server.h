@@ -2,6 +2,7 @@
 #pragma once
 
 #include <thread>
+#include <vector>
 
 #include "host/driver/control.h"
 #include "host/platform/descriptor.h"
@@ -20,6 +21,7 @@ class ControlServer {
 
   private:
     void run();
+    bool accept_client(std::vector<host::Descriptor> &clients) const;
     void answer(const host::Descriptor &client) const;
 
     const std::string path_;

@@ -1,6 +1,7 @@
 // A switch that application processes configure and watch, and what happens to it from outside.
 #include <gmock/gmock.h>
 #include <stdint.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -283,9 +284,14 @@ TEST_F(ControlTest, OutlivesItsClients)
         return socket;
     };
     std::vector<host::Descriptor> silent;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 17; ++i) {
         silent.push_back(connected());
     }
+    // It takes what the hard limit allows.
+    rlimit limit;
+    ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, nullptr, &limit), 0);
+    limit.rlim_cur = 3;
+    ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, &limit, nullptr), 0);
     for (const std::string &packet :
          {std::string("\0\0\0", 3), std::string("cable\0001\0001", 9), std::string("\xFF")}) {
         ASSERT_EQ(send(connected().number(), packet.data(), packet.size(), 0), static_cast<ssize_t>(packet.size()));
