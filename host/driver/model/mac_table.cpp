@@ -67,11 +67,10 @@ bool MacTable::see(const MacKey &key, const LogicalPort &port, bool learns, cons
         return true;
     }
     const auto trunk = trunks.id_of_trunk_of(port);
-    const MacDestination from = trunk ? MacDestination(TrunkId{*trunk}) : port;
-    if (!learns && (found == entries_.end() || entry.destination != from)) {
+    entry.destination = trunk ? MacDestination(TrunkId{*trunk}) : port;
+    if (!learns && (found == entries_.end() || found->second.destination != entry.destination)) {
         return false;
     }
-    entry.destination = from;
     entry.last_seen = now;
     return entry.kind == MacKind::learned && set(key, entry, vlans, trunks);
 }
