@@ -187,7 +187,7 @@ TEST(SharedSemaphore, CostsNoSystemCallWhenFree)
     if (sizeof QUILLON_EMULATOR > sizeof "") {
         GTEST_SKIP() << "the emulator does not refuse system calls";
     }
-#ifdef __SANITIZE_ADDRESS__
+#if defined __SANITIZE_ADDRESS__ || defined __SANITIZE_THREAD__
     GTEST_SKIP() << "the sanitizer makes system calls of its own";
 #endif
     const MemoryDriver driver(1);
