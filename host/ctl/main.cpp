@@ -89,6 +89,7 @@ class HelpFormatter : public CLI::Formatter {
 }  // namespace
 }  // namespace quillon::control
 
+// NOLINTNEXTLINE(bugprone-exception-escape): without the memory for its options it ends as it can
 int main(int argc, char **argv)
 {
     using namespace quillon::control;

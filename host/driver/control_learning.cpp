@@ -31,8 +31,8 @@ uint64_t mac_argument(std::string_view text)
 MacAddress mac_of(uint64_t value)
 {
     MacAddress mac;
-    for (auto byte = mac.rbegin(); byte != mac.rend(); ++byte) {
-        *byte = static_cast<uint8_t>(value);
+    for (size_t at = mac.size(); at-- > 0;) {
+        mac.at(at) = static_cast<uint8_t>(value);
         value >>= 8;
     }
     return mac;

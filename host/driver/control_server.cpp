@@ -70,6 +70,7 @@ void ControlServer::run()
     bool starving = false;                  // descriptors are short: clients wait in the backlog
     for (;;) {
         std::vector<pollfd> watched;
+        watched.reserve(clients.size() + 2);
         for (const host::Descriptor &client : clients) {
             watched.push_back({.fd = client.number(), .events = POLLIN, .revents = 0});
         }

@@ -159,8 +159,10 @@ inline constexpr uint32_t clear_hit_after_reading = 1;
 inline uint32_t entry_status(const L3McastEntry &entry)
 {
     constexpr uint32_t is_there = 1;
+    constexpr uint32_t hit = 2;
+    constexpr uint32_t to_cpu = 4;
     const auto size = [](const auto &set) { return static_cast<uint32_t>(set.size()); };
-    return is_there | uint32_t{entry.hit} << 1 | uint32_t{entry.to_cpu} << 2 | size(entry.ports) << 4 |
+    return is_there | (entry.hit ? hit : 0) | (entry.to_cpu ? to_cpu : 0) | size(entry.ports) << 4 |
            size(entry.downstream) << 16 | size(entry.replications) << 24;
 }
 

@@ -94,7 +94,7 @@ void add_host_routes(Dispatcher &dispatcher, SharedSwitch &model)
             reply = request;
             const auto address = address_of(std::bit_cast<HostRouteRecord>(request.entry));
             const auto hit = address ? model.lock()->chips.routes.take_hit(*address) : std::nullopt;
-            reply.hit = hit.value_or(false);
+            reply.hit = hit == true ? 1 : 0;
             return hit.has_value();
         });
 }

@@ -18,7 +18,7 @@ constexpr char kKeys[kMostSubsystems + 1] = "0123456789abcdef";
 struct Subsystem {
     const char *name;
     uint32_t number;
-    void (*entry)(void);
+    void (*entry)();
 };
 
 struct Subsystems {
@@ -42,7 +42,7 @@ struct Subsystems {
     // Null for any other key.
     const Subsystem *chosen_by(uint8_t key) const
     {
-        const uint8_t lower_case = key >= 'A' && key <= 'F' ? static_cast<uint8_t>(key - 'A' + 'a') : key;
+        const auto lower_case = static_cast<char>(key >= 'A' && key <= 'F' ? key - 'A' + 'a' : key);
         for (uint32_t i = 0; i < count; ++i) {
             if (kKeys[i] == lower_case) {
                 return &list[i];
@@ -76,7 +76,7 @@ void print_menu(const Subsystems &offered)
 
 using namespace quillon::host;
 
-uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)(void))
+uint32_t BACKDOOR_MGR_Register_SubsysBackdoorFunc_CallBack(const char *name, uint32_t number, void (*entry)())
 {
     if (name == nullptr || entry == nullptr) {
         return QUILLON_STATUS_BAD_ARGUMENT;

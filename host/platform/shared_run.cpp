@@ -327,7 +327,7 @@ TaskEvents::TaskEvents(SharedRun &run) : run_(*run.run_), task_id_(own_identity(
         throw QueueError("this thread has its events already");
     }
     const uint64_t empty = uint64_t{task_id_} << 32;
-    const auto mine = std::ranges::find_if(mailboxes, [empty](TaskMailbox &mailbox) {
+    auto *const mine = std::ranges::find_if(mailboxes, [empty](TaskMailbox &mailbox) {
         uint64_t nobody = 0;
         return mailbox.mail.compare_exchange_strong(nobody, empty);
     });

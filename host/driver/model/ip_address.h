@@ -20,6 +20,7 @@ struct IpAddress {
     IpVersion version;
     std::array<uint8_t, 16> bytes;  // of IPv4 the first four; the others are zero
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison for one of pointers
     auto operator<=>(const IpAddress &) const = default;
 };
 
@@ -56,6 +57,7 @@ struct IpPrefix {
     IpAddress network;
     uint32_t length;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison for one of pointers
     auto operator<=>(const IpPrefix &) const = default;
 };
 

@@ -25,6 +25,7 @@ struct McastFlow {
     IpAddress group;
     IpAddress source;  // the unspecified address: any
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the comparison for one of pointers
     auto operator<=>(const McastFlow &) const = default;
 };
 

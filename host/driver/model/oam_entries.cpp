@@ -33,7 +33,7 @@ uint64_t OamEntries::groups_with(OamEvent event, uint32_t module_id) const
 {
     uint64_t with = 0;
     for (uint32_t group = 0; group < groups; ++group) {
-        with |= uint64_t{entries_with(event, module_id, group) != 0} << group;
+        with |= (entries_with(event, module_id, group) != 0 ? uint64_t{1} : 0) << group;
     }
     return with;
 }

@@ -84,7 +84,7 @@ class PacketReceiver {
     };
 
     uint32_t on_loan(uint32_t cookie) const;
-    uint32_t cookie_of(size_t index) const { return static_cast<uint32_t>(index % cookies); }
+    static uint32_t cookie_of(size_t index) { return static_cast<uint32_t>(index % cookies); }
     bool fill(uint32_t cookie, LoanCounts &loans);  // true when a buffer was lent
     OfferedPacket put_into_buffer(const ReceivedPacket &packet, size_t index);
 

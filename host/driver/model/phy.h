@@ -6,6 +6,7 @@
 #include <compare>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "host/driver/model/cable_diagnosis.h"
 #include "host/driver/model/line.h"
@@ -53,8 +54,8 @@ struct PhyState {
 // to 15 are what IEEE 802.3, clauses 22 and 40, says and agree with the port; all others keep what is written.
 class Phy {
   public:
-    Phy(const PortSettings &settings, const PhyState &state, const Line &line, bool held_down)
-        : settings_(settings), state_(state), line_(line), held_down_(held_down)
+    Phy(const PortSettings &settings, PhyState state, const Line &line, bool held_down)
+        : settings_(settings), state_(std::move(state)), line_(line), held_down_(held_down)
     {
     }
 

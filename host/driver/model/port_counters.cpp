@@ -70,7 +70,7 @@ void FrameCounts::add(const Frames &frames)
 void PortCounters::receive(const Frames &frames)
 {
     octets += frames.size * frames.count;
-    const auto size = std::ranges::lower_bound(largest_of_size, frames.size);
+    const auto *const size = std::ranges::lower_bound(largest_of_size, frames.size);
     if (frames.size >= shortest_frame && size != largest_of_size.end()) {
         sizes[static_cast<size_t>(size - largest_of_size.begin())] += frames.count;
     }

@@ -149,14 +149,13 @@ uint32_t Switch::average_port_temperature() const
     constexpr uint32_t idle = 35;
     constexpr uint32_t running = 45;
     uint32_t sum = 0;
-    uint32_t count = 0;
     for (LogicalPort port{.unit = 1, .port = 1}; stack.has(port); ++port.unit) {
-        for (port.port = 1; stack.has(port); ++port.port, ++count) {
+        for (port.port = 1; stack.has(port); ++port.port) {
             sum += running_port(port)->status().link_up() ? running : idle;
         }
         port.port = 1;
     }
-    return sum / count;
+    return sum / (stack.shape().units * stack.shape().ports);
 }
 
 std::optional<FrameSize> Switch::largest_frame(const LogicalPort &port) const

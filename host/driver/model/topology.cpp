@@ -50,7 +50,7 @@ uint32_t Topology::forwarding_ports() const
 {
     uint32_t forwarding = 0;
     for (uint32_t port = 1; port <= stacking_ports; ++port) {
-        forwarding |= uint32_t{reached_[port - 1] != 0} << (port - 1);
+        forwarding |= (reached_[port - 1] != 0 ? 1U : 0U) << (port - 1);
     }
     return forwarding;
 }
