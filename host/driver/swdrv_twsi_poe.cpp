@@ -28,6 +28,7 @@ bool on_bus(SharedTwsi &buses, uint32_t bus, uint32_t address, size_t bytes, Tra
         TwsiDevice *const device = access->find(bus, address);
         return device != nullptr && transact(*device);
     }();
+    // No event is waited for: the time that passes is what is modelled.
     std::this_thread::sleep_for(time_of_byte * (bytes_before_data + (acknowledged ? bytes : 0)));
     return acknowledged;
 }

@@ -62,7 +62,7 @@ TEST(Console, ReadsAPipeByteByByte)
         ready();
         return keys_of(ends[0]) == "0\n1" ? 0 : 1;
     });
-    EXPECT_TRUE(program.falls_asleep());
+    EXPECT_TRUE(program.comes_to_wait());
     EXPECT_EQ(write(ends[1], "0\n\3771", 4), 4);
     close(ends[0]);
     close(ends[1]);
@@ -92,7 +92,7 @@ TEST(Console, HasNoKeysOnceTheTerminalIsLost)
         ready();
         return first == '1' && (BACKDOOR_MGR_GetChar() & 0xFF) == 0xFF ? 0 : 1;
     });
-    EXPECT_TRUE(program.falls_asleep());
+    EXPECT_TRUE(program.comes_to_wait());
     close(operator_end);
     EXPECT_EQ(program.wait(), 0);
     close(program_end);

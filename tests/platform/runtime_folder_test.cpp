@@ -116,6 +116,7 @@ TEST_F(RuntimeFolderTest, HasOneDriverProcess)
 // Fault: a client looks for the queues somewhere else than the driver process makes them, or past a cut path.
 TEST_F(RuntimeFolderTest, AClientSaysThatThereCanBeNone)
 {
+    // Nothing in it depends on the architecture.
     if (sizeof QUILLON_EMULATOR > sizeof "") {
         GTEST_SKIP() << "the emulator does not run a program that starts itself anew";
     }

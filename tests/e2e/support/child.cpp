@@ -237,16 +237,16 @@ Process::Process(const Body &body)
     started.next();
 }
 
-bool Process::falls_asleep() const
+bool Process::comes_to_wait() const
 {
-    const auto asleep = [](const std::filesystem::directory_entry &thread) {
+    const auto waits = [](const std::filesystem::directory_entry &thread) {
         // "id (name) state ...", with the name's own parentheses
         const std::string line = contents_of(thread.path() / "stat");
         const size_t name_end = line.rfind(") ");
         return name_end != std::string::npos && line.compare(name_end, 3, ") S") == 0;
     };
     const std::filesystem::path threads = "/proc/" + std::to_string(pid()) + "/task";
-    return comes_true([&] { return std::all_of(std::filesystem::directory_iterator(threads), {}, asleep); });
+    return comes_true([&] { return std::all_of(std::filesystem::directory_iterator(threads), {}, waits); });
 }
 
 Application::Application(const std::function<void()> &body)

@@ -98,8 +98,9 @@ class Process : public ChildBase {
     using Body = std::function<int(const std::function<void()> &ready)>;
     explicit Process(const Body &body);
 
-    // Waits until all its threads sleep. False when that does not come.
-    bool falls_asleep() const;
+    // Waits until all its threads wait in the kernel, which nothing but their state tells from outside: what is to
+    // happen to a process that waits must not come before it does. False when that does not come.
+    bool comes_to_wait() const;
 };
 
 // An application process beside the test's own: `body` is at work when the constructor returns.
