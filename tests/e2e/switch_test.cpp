@@ -298,8 +298,7 @@ TEST_F(ControlTest, OutlivesItsClients)
     }
     told({"help"});
 
-    driver.signal(SIGTERM);
-    EXPECT_EQ(driver.wait(), 0);
+    driver.expect_quiet_end();
     EXPECT_EQ(control({"help"}).status, 1);
 }
 
