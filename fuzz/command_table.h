@@ -9,10 +9,17 @@
 #include <tuple>
 #include <vector>
 
+#include "amtrdrv/family.h"
+#include "devrm/family.h"
 #include "host/platform/packet.h"
+#include "nicdrv/family.h"
+#include "nmtrdrv/family.h"
 #include "quillon/receive.h"
 #include "support/request_facts.h"
 #include "support/wire_row.h"
+#include "swdrv/family.h"
+#include "swdrvl3/family.h"
+#include "swdrvl4/family.h"
 
 namespace quillon::fuzz {
 
@@ -54,7 +61,10 @@ class CommandTable {
     // That of the family and code, or the one behind it.
     const Command &find(size_t family, uint16_t code) const
     {
-        constexpr std::array<uint16_t, 7> modules = {120, 121, 122, 126, 127, 128, 37};
+        // In this order: the kept inputs name a family by its place.
+        constexpr std::array modules = {swdrv::Family::module,   amtrdrv::Family::module, swdrvl4::Family::module,
+                                        nmtrdrv::Family::module, devrm::Family::module,   swdrvl3::Family::module,
+                                        nicdrv::Family::module};
         const auto found =
             std::ranges::lower_bound(commands_, std::tuple(modules[family % modules.size()], code), {}, place);
         return found == commands_.end() ? commands_.front() : *found;
