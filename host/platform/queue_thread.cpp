@@ -1,6 +1,7 @@
 #include "host/platform/queue_thread.h"
 
 #include <errno.h>
+#include <poll.h>
 #include <string.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -41,6 +42,12 @@ bool watch(int epoll, int descriptor, void *source)
 {
     epoll_event event = {.events = EPOLLIN, .data = {.ptr = source}};
     return epoll_ctl(epoll, EPOLL_CTL_ADD, descriptor, &event) == 0;
+}
+
+bool is_readable(int descriptor)
+{
+    pollfd readable = {.fd = descriptor, .events = POLLIN, .revents = 0};
+    return poll(&readable, 1, 0) == 1;
 }
 
 Request::Form form_of(std::span<const std::byte> envelope, size_t sent_size)
@@ -123,13 +130,16 @@ void QueueThread::accept_clients()
             continue;
         }
         const int error = errno;
+        // Without a descriptor to give, accept4() does not look whether anyone waits.
+        if (error == EAGAIN || !is_readable(listener_.number())) {
+            starving_reported_ = false;  // all who waited are in
+            return;
+        }
         if (error == EMFILE && raise_descriptor_limit()) {
             continue;
         }
         if (error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM) {
             stop_accepting(error);
-        } else if (error == EAGAIN) {
-            starving_reported_ = false;  // all who waited are in
         }
         return;
     }

@@ -3,10 +3,14 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <iterator>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -142,6 +146,18 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
     void *const queue = attach();
     EXPECT_EQ(ask(queue, Ask::queue), kQueue);
     std::vector<int> crowd;
+    rlimit limit;
+    ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, nullptr, &limit), 0);
+    const std::filesystem::path descriptors = "/proc/" + std::to_string(driver.pid()) + "/fd";
+    while (std::distance(std::filesystem::directory_iterator(descriptors), {}) < static_cast<long>(limit.rlim_cur)) {
+        crowd.push_back(raw_connection());
+        ASSERT_TRUE(send_raw(crowd.back(), raw_request(Ask::queue)));
+        EXPECT_GT(receive_raw(crowd.back()), 0);
+    }
+    const int last_in = crowd.back();
+    crowd.pop_back();
+    ASSERT_TRUE(send_raw(last_in, raw_request(Ask::park)));
+    EXPECT_EQ(events.next(), 'p') << "nobody waits for a descriptor, and nothing is reported";
     for (int i = 0; i < 30; ++i) {
         crowd.push_back(raw_connection());
     }
@@ -158,6 +174,7 @@ TEST(QueueServer, WaitsForDescriptorsAndReportsItOnce)
     }
     EXPECT_EQ(events.next(), 't') << "who waited has its turn, and nothing was reported twice";
     close(crowd.back());
+    close(last_in);
 }
 
 // Fault: loosened modes are all that keeps other users out, or a client believes a queue that another user serves.
