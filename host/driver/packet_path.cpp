@@ -80,9 +80,7 @@ bool PacketPath::answer_receivers()
             receiver = std::move(access->receivers.front());
             access->receivers.pop_front();
         }
-        if (receiver->call.answer(uint8_t{1}, encoded(packets))) {
-            reception.lock()->packets.count_taken(packets.size());
-        } else {
+        if (!receiver->call.answer(uint8_t{1}, encoded(packets))) {
             reception.lock()->packets.offer_again(packets);
         }
     }

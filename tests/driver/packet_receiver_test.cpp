@@ -72,9 +72,12 @@ TEST_F(PacketReceiverTest, OffersPacketsInBuffersOfTheirOwn)
     std::set<uint32_t> offsets;
     std::vector<OfferedPacket> all = receiver.take(5);
     EXPECT_EQ(all.size(), 5U);
+    EXPECT_EQ(receiver.taken(), 5U);
     receiver.offer_again(all);
+    EXPECT_EQ(receiver.taken(), 0U);
     all = receiver.take(100);
     ASSERT_EQ(all.size(), 22U);
+    EXPECT_EQ(receiver.taken(), 22U);
     for (const OfferedPacket &offered : all) {
         EXPECT_TRUE(offsets.insert(offered.offset).second);
         ASSERT_LE(offered.offset + PacketReceiver::buffer_size, area.size());

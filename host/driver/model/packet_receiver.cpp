@@ -90,12 +90,14 @@ std::vector<OfferedPacket> PacketReceiver::take(size_t most)
     const auto end = offered_.begin() + static_cast<ptrdiff_t>(std::min(most, offered_.size()));
     std::vector<OfferedPacket> packets(offered_.begin(), end);
     offered_.erase(offered_.begin(), end);
+    taken_ += packets.size();
     return packets;
 }
 
 void PacketReceiver::offer_again(std::span<const OfferedPacket> packets)
 {
     offered_.insert(offered_.begin(), packets.begin(), packets.end());
+    taken_ -= std::min<uint64_t>(taken_, packets.size());  // the counts may have been cleared meanwhile
 }
 
 bool PacketReceiver::give_back(uint64_t buffer)

@@ -52,10 +52,9 @@ class PacketReceiver {
     // Puts what waits in the queues into buffers, unless the pool is stopped or has none left.
     void fill(LoanCounts &loans);
 
-    // At most so many, the oldest first. They are counted as taken when they are where they are to go, and offered
-    // again when they cannot go there.
+    // At most so many, the oldest first. Whoever has them finds them counted; those that cannot go where they are to go
+    // are offered again.
     std::vector<OfferedPacket> take(size_t most);
-    void count_taken(size_t packets) { taken_ += packets; }
     void offer_again(std::span<const OfferedPacket> packets);
 
     // False for what is no buffer, and for one that is not on loan (any more).
