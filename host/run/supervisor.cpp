@@ -19,9 +19,9 @@
 namespace quillon::run {
 namespace {
 
-constexpr std::chrono::seconds longest_start{10};
+constexpr std::chrono::seconds longest_start{30};
 constexpr int most_failed_starts = 5;  // in a row
-constexpr std::chrono::milliseconds grace_of_driver{2000};
+constexpr std::chrono::milliseconds grace_of_driver{10000};
 
 void say(const std::string &text)
 {
@@ -65,7 +65,11 @@ void Supervisor::watch()
     pollfd sources[] = {{.fd = signals_.number(), .events = POLLIN, .revents = 0},
                         {.fd = front_.number(), .events = POLLIN, .revents = 0},
                         {.fd = ready_.number(), .events = POLLIN, .revents = 0}};
-    if (poll(sources, 3, ready_by_ ? milliseconds_until(*ready_by_) : -1) < 0) {
+    const int events = poll(sources, 3, ready_by_ ? milliseconds_until(*ready_by_) : -1);
+    if (events <= 0) {
+        if (events == 0) {
+            driver_is_late();
+        }
         return;
     }
     if (sources[2].revents != 0) {
@@ -76,9 +80,6 @@ void Supervisor::watch()
     }
     if (!done() && sources[0].revents != 0) {
         take_signal();
-    }
-    if (!done() && ready_by_ && Clock::now() >= *ready_by_) {
-        driver_is_late();
     }
 }
 
