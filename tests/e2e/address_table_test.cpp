@@ -97,6 +97,7 @@ struct AddressTableTest : ClientTest {};
 
 TEST_F(AddressTableTest, IsWalkedWhileAddressesAreDeleted)
 {
+    EXPECT_EQ(DEV_AMTRDRV_PMGR_SetAgeingTime(0), 1);  // never
     for (uint32_t number = 0; number < address_count; ++number) {
         if (is_set(number)) {
             set_address(number);

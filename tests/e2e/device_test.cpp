@@ -57,7 +57,7 @@ TEST_F(DeviceTest, LetsTwoProcessesUseAnEepromBesideABusyMainQueue)
     const Events begin;
     const auto user = [&begin](uint32_t offset, uint8_t pattern) {
         return [=, &begin] {
-            begin.next();
+            begin.told();
             use_eeprom(offset, pattern);
         };
     };

@@ -39,7 +39,7 @@ class Caller {
     Events returned_;
     Application process_{[this] {
         DEV_SWDRV_PMGR_InitiateProcessResource();
-        while (calls_.next() == 'c') {
+        while (calls_.told() == 'c') {
             std::vector<std::jthread> calling;
             for (size_t i = 0; i < threads; ++i) {
                 calling.emplace_back(

@@ -106,9 +106,10 @@ Count ask()
     return chips == chips_of_a_unit ? &Page::Thread::served : chips == 0 ? &Page::Thread::failed : &Page::Thread::wrong;
 }
 
+constexpr uint32_t packet_path_semaphore = 17;
+
 Count take_and_give()
 {
-    constexpr uint32_t packet_path_semaphore = 17;
     switch (SYSFUN_TakeSem(packet_path_semaphore, QUILLON_WAIT_FOREVER)) {
         case QUILLON_STATUS_OK:
         case QUILLON_STATUS_RECOVERED:
@@ -121,10 +122,29 @@ Count take_and_give()
     }
 }
 
-void make_calls(Count (*call)(), Page &page, Page::Thread &self)
+// A semaphore may have been taken in the memory of the last driver process, with that of this one yet to be fetched.
+void attach_to_memory()
+{
+    wait_until("the memory is that of this driver process", [] {
+        uint32_t id;
+        return SYSFUN_GetSem(packet_path_semaphore, &id) == QUILLON_STATUS_OK;
+    });
+}
+
+// One kind of calls, and what makes what its process holds the same whenever it rests.
+struct Calls {
+    Count (*call)();
+    void (*settle)();
+};
+
+constexpr Calls asking = {.call = ask, .settle = [] {}};
+constexpr Calls locking = {.call = take_and_give, .settle = attach_to_memory};
+
+void make_calls(const Calls &calls, Page &page, Page::Thread &self)
 {
     while (!page.ends) {
         if (page.paused) {
+            calls.settle();
             ++page.resting;
             while (page.paused) {
                 sched_yield();
@@ -132,7 +152,7 @@ void make_calls(Count (*call)(), Page &page, Page::Thread &self)
             --page.resting;
         }
         const int64_t begun = monotonic_now();
-        const Count outcome = call();
+        const Count outcome = calls.call();
         const int64_t ended = monotonic_now();
         raise_to(page.longest, ended - begun);
         ++(self.*outcome);
@@ -156,7 +176,7 @@ class Load {
                 DEV_SWDRV_PMGR_InitiateProcessResource();
                 std::vector<std::jthread> threads;
                 for (size_t thread = 0; thread < requesters + lockers; ++thread) {
-                    threads.emplace_back(make_calls, thread < requesters ? ask : take_and_give, std::ref(*page_),
+                    threads.emplace_back(make_calls, thread < requesters ? asking : locking, std::ref(*page_),
                                          std::ref(self[thread]));
                 }
             });

@@ -9,4 +9,6 @@ if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT CMAKE_CROSSCOMPILING)
   # It builds the repository anew.
   add_test(NAME first_request_guide
     COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/docs/first_request_test.py)
+  # Both compile, and beside each other.
+  set_tests_properties(installed_and_packed first_request_guide PROPERTIES TIMEOUT 3600)
 endif()

@@ -190,9 +190,13 @@ class CrowdedClient {
         // Not of the C++ library: with checks in it, its threads need a descriptor to start.
         std::vector<pthread_t> threads;
         do {
-            threads.emplace_back();
-            pthread_create(&threads.back(), nullptr, park, &caller);
-        } while (events.next() != 'r' && threads.size() < kMost);
+            pthread_t thread;
+            if (pthread_create(&thread, nullptr, park, &caller) != 0) {
+                ADD_FAILURE() << "no more threads after " << threads.size();
+                break;
+            }
+            threads.push_back(thread);
+        } while (events.next() == 'p' && threads.size() < kMost);
         refused.tell('r');
         for (const pthread_t thread : threads) {
             pthread_join(thread, nullptr);

@@ -211,14 +211,24 @@ void Events::tell(char what) const
     }
 }
 
-char Events::next() const
+char Events::next(int longest_milliseconds) const
 {
     pollfd readable = {.fd = reading_.number(), .events = POLLIN, .revents = 0};
     char what = '\0';
-    if (poll(&readable, 1, longest_wait_milliseconds) != 1 || read(reading_.number(), &what, 1) != 1) {
+    if (poll(&readable, 1, longest_milliseconds) != 1 || read(reading_.number(), &what, 1) != 1) {
         ADD_FAILURE() << "what was waited for did not happen";
     }
     return what;
+}
+
+char Events::next() const
+{
+    return next(longest_wait_milliseconds);
+}
+
+char Events::told() const
+{
+    return next(-1);
 }
 
 Process::Process(const Body &body)

@@ -85,8 +85,12 @@ class Events {
     void tell(char what) const;
     // Waits for the next one; '\0' when none comes in a time that only a fault can last.
     char next() const;
+    // Waits for as long as it takes: for what the test tells its processes, which end with it.
+    char told() const;
 
   private:
+    char next(int longest_milliseconds) const;
+
     host::Descriptor reading_;
     host::Descriptor writing_;
 };
