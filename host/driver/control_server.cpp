@@ -77,6 +77,10 @@ void ControlServer::run()
         watched.push_back({.fd = stop_.number(), .events = POLLIN, .revents = 0});
         watched.push_back({.fd = starving ? -1 : listener_.number(), .events = POLLIN, .revents = 0});
         if (poll(watched.data(), watched.size(), starving ? accept_again_after_milliseconds : -1) < 0) {
+            // Not even looked at is a list that is longer than the limit on descriptors, which was lowered then.
+            if (errno == EINVAL && !host::raise_descriptor_limit() && !clients.empty()) {
+                clients.erase(clients.begin());
+            }
             continue;
         }
         const bool stopped = watched.end()[-2].revents != 0;

@@ -287,11 +287,21 @@ TEST_F(ControlTest, OutlivesItsClients)
     for (int i = 0; i < 17; ++i) {
         silent.push_back(connected());
     }
-    // It takes what the hard limit allows.
-    rlimit limit;
-    ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, nullptr, &limit), 0);
-    limit.rlim_cur = 3;
-    ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, &limit, nullptr), 0);
+    // It takes what the hard limit allows, when more is watched than the soft one allows and when nothing can be
+    // accepted.
+    const auto leave_no_room = [this] {
+        rlimit limit;
+        ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, nullptr, &limit), 0);
+        limit.rlim_cur = 3;
+        ASSERT_EQ(prlimit(driver.pid(), RLIMIT_NOFILE, &limit, nullptr), 0);
+    };
+    told({"help"});  // all before it are in
+    leave_no_room();
+    char answer;
+    ASSERT_EQ(send(silent.back().number(), "help", 4, 0), 4);
+    ASSERT_EQ(recv(silent.back().number(), &answer, 1, 0), 1);
+    told({"help"});
+    leave_no_room();
     for (const std::string &packet :
          {std::string("\0\0\0", 3), std::string("cable\0001\0001", 9), std::string("\xFF")}) {
         ASSERT_EQ(send(connected().number(), packet.data(), packet.size(), 0), static_cast<ssize_t>(packet.size()));
