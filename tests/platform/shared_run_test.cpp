@@ -5,12 +5,9 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <linux/seccomp.h>
 #include <signal.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -180,35 +177,6 @@ TEST(TaskIdentity, IsMoreThanANumber)
     EXPECT_TRUE(is_alive(self));
     ++self.started;
     EXPECT_FALSE(is_alive(self));
-}
-
-TEST(SharedSemaphore, CostsNoSystemCallWhenFree)
-{
-    if (sizeof QUILLON_EMULATOR > sizeof "") {
-        GTEST_SKIP() << "the emulator does not refuse system calls";
-    }
-#if defined __SANITIZE_ADDRESS__ || defined __SANITIZE_THREAD__
-    GTEST_SKIP() << "the sanitizer makes system calls of its own";
-#endif
-    const MemoryDriver driver(1);
-    const auto take_and_give = [] {
-        take();
-        give();
-        // From here on there are no system calls but reading, writing and the end of a thread.
-        bool done = prctl(PR_SET_SECCOMP, SECCOMP_MODE_STRICT) == 0;
-        for (int i = 0; i < 100; ++i) {
-            done = done && take() == QUILLON_STATUS_OK && give() == QUILLON_STATUS_OK;
-        }
-        syscall(SYS_exit, done ? 0 : 1);
-        return 1;
-    };
-    // A driver process that has not got a CPU for long is asked for.
-    constexpr int made_a_call = 128 + SIGKILL;
-    int result = made_a_call;
-    for (int attempt = 0; attempt < 20 && result == made_a_call; ++attempt) {
-        result = in_child(take_and_give);
-    }
-    EXPECT_EQ(result, 0);
 }
 
 // The driver process is the test itself.
